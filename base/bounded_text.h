@@ -6,12 +6,14 @@
 
 namespace zantlog {
 
-// Copies at most capacity - 1 characters and terminates; capacity is not 0. Returns false when the text was cut.
+// Copies at most capacity - 1 characters and terminates; capacity is not 0. Returns false when the text was
+// cut.
 bool copyBounded(char *destination, size_t capacity, const char *source);
 
-// Appends pieces to a buffer of the caller's, which stays terminated; what does not fit is cut and remembered.
+// Appends pieces to a buffer of the caller's, which stays terminated; what does not fit is cut and
+// remembered.
 class BoundedText {
-  public:
+public:
     BoundedText(char *buffer, size_t capacity);
     template <size_t N> explicit BoundedText(char (&buffer)[N]) : BoundedText(buffer, N) {}
 
@@ -25,7 +27,7 @@ class BoundedText {
     [[nodiscard]] size_t length() const { return length_; }
     [[nodiscard]] bool cut() const { return cut_; }
 
-  private:
+private:
     char *buffer_;
     size_t capacity_;
     size_t length_ = 0;

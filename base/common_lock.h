@@ -5,15 +5,16 @@
 
 namespace zantlog {
 
-// The label is a string constant: a release is checked against the very address that the acquisition was given.
+// The label is a string constant: a release is checked against the very address that the acquisition was
+// given.
 class CommonLock {
-  public:
+public:
     explicit CommonLock(const char *label) : label_(label) { zantLockCommon(label_); }
     ~CommonLock() { zantUnlockCommon(label_); }
     CommonLock(const CommonLock &) = delete;
     CommonLock &operator=(const CommonLock &) = delete;
 
-  private:
+private:
     const char *label_;
 };
 

@@ -8,7 +8,8 @@ namespace zantlog {
 
 inline constexpr size_t kDecimalDigits = 21; // "-9223372036854775808" and a byte to spare
 
-// Writes the digits right-aligned and returns the first one; the text ends at area + kDecimalDigits, without terminator.
+// Writes the digits right-aligned and returns the first one; the text ends at area + kDecimalDigits, without
+// terminator.
 inline char *formatUnsigned(char (&area)[kDecimalDigits], uint64_t value) {
     char *at = area + kDecimalDigits;
     do {
@@ -20,7 +21,9 @@ inline char *formatUnsigned(char (&area)[kDecimalDigits], uint64_t value) {
 
 inline char *formatSigned(char (&area)[kDecimalDigits], int64_t value) {
     const auto magnitude = static_cast<uint64_t>(value);
-    if (value >= 0) return formatUnsigned(area, magnitude);
+    if (value >= 0) {
+        return formatUnsigned(area, magnitude);
+    }
     char *at = formatUnsigned(area, ~magnitude + 1);
     *--at = '-';
     return at;

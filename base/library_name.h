@@ -5,8 +5,8 @@
 
 namespace zantlog {
 
-// "zantLogFormatMsg" becomes "zantLogFormatMsg_3.dll": the file part is cut at its first "_" or "." and the major version
-// is put behind it; a directory part is kept. Null for a null name and when memory is short.
+// "zantLogFormatMsg" becomes "zantLogFormatMsg_3.dll": the file part is cut at its first "_" or "." and the
+// major version is put behind it; a directory part is kept. Null for a null name and when memory is short.
 [[nodiscard]] OwnedText versionedLibraryName(const char *baseName);
 
 } // namespace zantlog

@@ -1,9 +1,10 @@
 // Owners of memory from the library's allocator.
 #pragma once
 
-#include <memory>
-
 #include "zantlog/message.h"
+
+#include <cstdint>
+#include <memory>
 
 namespace zantlog {
 
@@ -17,11 +18,15 @@ using OwnedWideText = std::unique_ptr<wchar_t, FreeDeleter>;
 template <typename T> using OwnedBlock = std::unique_ptr<T, FreeDeleter>;
 
 // A copy; null for a null text and when memory is short.
-[[nodiscard]] inline OwnedText copyText(const char *text) { return OwnedText(zantLogSafeStrdup(text)); }
+[[nodiscard]] inline OwnedText copyText(const char *text) {
+    return OwnedText(zantLogSafeStrdup(text));
+}
 
 // An uninitialised block of `count` values of a plain type; null when memory is short or count is 0.
 template <typename T> [[nodiscard]] OwnedBlock<T> allocateBlock(size_t count) {
-    if (count > SIZE_MAX / sizeof(T)) return nullptr;
+    if (count > SIZE_MAX / sizeof(T)) {
+        return nullptr;
+    }
     return OwnedBlock<T>(static_cast<T *>(zantLogMalloc(count * sizeof(T))));
 }
 

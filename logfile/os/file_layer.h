@@ -15,8 +15,8 @@ enum class AppendOutcome {
 // Appends a block as one write under the file's mutex.
 [[nodiscard]] AppendOutcome appendBlock(zantLogOsFile *file, const void *bytes, uint32_t count);
 
-// The same, only if the file holds nothing yet once the mutex is held: of several processes that create a file at once, one
-// writes its first block.
+// The same, only if the file holds nothing yet once the mutex is held: of several processes that create a
+// file at once, one writes its first block.
 [[nodiscard]] AppendOutcome appendIfEmpty(zantLogOsFile *file, const void *bytes, uint32_t count);
 
 // Marks the record as closed with nothing buffered.

@@ -21,6 +21,7 @@ inline constexpr SystemError kErrorDiskFull = 112;
 inline constexpr SystemError kErrorModuleNotFound = 126;
 inline constexpr SystemError kErrorProcNotFound = 127;
 inline constexpr SystemError kErrorAlreadyExists = 183;
+inline constexpr SystemError kErrorNameTooLong = 206;
 inline constexpr SystemError kErrorMoreData = 234;
 inline constexpr SystemError kErrorNoMoreItems = 259;
 

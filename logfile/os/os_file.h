@@ -11,8 +11,8 @@ enum class FileMode {
     Truncate, // write access, created anew
 };
 
-// Opens a file, shared for reading and writing, not inheritable. The security descriptor text (SDDL) is applied to
-// files opened for writing; null, or a text that does not parse, stands for the default security.
+// Opens a file, shared for reading and writing, not inheritable. The security descriptor text (SDDL) is
+// applied to files opened for writing; null, or a text that does not parse, stands for the default security.
 [[nodiscard]] SystemError openFile(const char *path, FileMode mode, const char *sddl, void **file);
 void closeFile(void *file);
 

@@ -9,7 +9,7 @@ namespace zantlog::os {
 [[nodiscard]] bool startSockets();
 void cleanUpSockets();
 
-// The host name, terminated; false on failure. Sockets are started.
+// The host name, terminated; false on failure or when it does not fit. startSockets() must have been called.
 [[nodiscard]] bool hostName(char *buffer, uint32_t size);
 
 enum class AddressFamily { Ipv4, Ipv6, Other };
@@ -22,7 +22,8 @@ struct HostAddress {
 // Called once for each address in the order of the answer, until it returns false.
 using AddressVisitor = bool (*)(void *context, const HostAddress &address);
 
-// Resolves a host name (service "0", flags 0x400, any family, stream sockets). False when it cannot be resolved.
+// Resolves a host name (service "0", flags 0x400, any family, stream sockets). False when it cannot be
+// resolved. startSockets() must have been called.
 [[nodiscard]] bool resolveHost(const char *name, AddressVisitor visit, void *context);
 
 } // namespace zantlog::os

@@ -9,12 +9,15 @@ namespace zantlog::os {
 // What a conversion that fails returns.
 inline constexpr size_t kConversionFailed = SIZE_MAX;
 
-// The runtime's mbstowcs() and wcstombs() in the current locale: the number of units written, without the terminator;
-// a null destination asks for the number needed. Not terminated when exactly `capacity` units are written.
+// The runtime's mbstowcs() and wcstombs() in the current locale: the number of units written, without the
+// terminator; a null destination asks for the number needed (in the "C" locale without a look at the
+// characters: what cannot be converted shows only in the conversion). Not terminated when exactly `capacity`
+// units are written.
 size_t multiByteToWide(wchar_t *destination, const char *source, size_t capacity);
 size_t wideToMultiByte(char *destination, const wchar_t *source, size_t capacity);
 
-// One wide character as "%lc" prints it into at most 16 bytes: the number of bytes, or kConversionFailed.
+// One wide character as the runtime's "%lc" prints it into at most 16 bytes: the number of bytes, 0 for a
+// character that it prints nothing for, or kConversionFailed.
 size_t wideCharToMultiByte(char (&destination)[16], wchar_t character);
 
 size_t wideLength(const wchar_t *text);
@@ -31,7 +34,9 @@ const char *codePageName();
 // Name of the current locale of all categories; borrowed.
 const char *localeName();
 
-// Value of an environment variable, terminated, and its full length; false when it is not set. A variable set to the empty text is set.
+// Value of an environment variable, terminated, and its full length; false when it is not set. A variable set
+// to the empty text is set. A value that does not fit (its length is not below the capacity) leaves the empty
+// text.
 [[nodiscard]] bool environmentVariable(const char *name, char *buffer, uint32_t capacity, uint32_t *length);
 
 } // namespace zantlog::os

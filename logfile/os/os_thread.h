@@ -14,6 +14,10 @@ void enterCriticalSection(void *section);
 void leaveCriticalSection(void *section);
 void deleteCriticalSection(void *section);
 
+// Lets another thread run.
+void yieldProcessor();
+
+// Ends the process as the runtime's abort() does, without its message.
 [[noreturn]] void abortProcess();
 
 } // namespace zantlog::os
