@@ -8,14 +8,14 @@
 
 ZANTLOG_BEGIN_DECLS
 
-/** The parsed header line of a log file. */
+/** The parsed header line of a log file. What a version does not carry is 0. */
 typedef struct LogFileHeader {
-    uint32_t version;
-    uint32_t productId;
-    uint32_t originatorId;
-    int64_t startTime; /**< seconds since 1970 */
-    char text[512];    /**< host name */
-    int32_t tzOffset;  /**< seconds, UTC minus local time; -1 when absent */
+    uint32_t version;      /**< 65540 to 65544 */
+    uint32_t productId;    /**< not in version 65544 */
+    uint32_t originatorId; /**< file originator id; not in version 65544 */
+    int64_t startTime; /**< creation of the file, seconds since 1970-01-01 00:00 UTC; not in version 65544 */
+    char text[512];    /**< name of the host that made the file, terminated */
+    int32_t tzOffset;  /**< seconds, UTC minus local time; -1 when absent (below version 65543) */
 } LogFileHeader;
 
 /** A node of a query tree; owned by the caller. */
@@ -31,23 +31,23 @@ struct QueryNode {
 
 typedef struct LogFileEntry LogFileEntry;
 
-/** A selection of log files. */
+/** A selection of log files, in storage of the caller's. */
 typedef struct LogFindContext {
     uint32_t badHeaderSeen; /**< 1: a file with an unsupported header was met */
-    LogFileEntry *head;
-    LogFileEntry *current;  /**< next file to hand out */
-    QueryNode *query;       /**< null: all files */
+    LogFileEntry *head;     /**< first selected file; each entry is freed with zantLogFree() */
+    LogFileEntry *current;  /**< next file to hand out; null at the end */
+    QueryNode *query;       /**< owned by the caller; null: all files */
 } LogFindContext;
 
-/** One selected file; allocated as long as its name needs. */
+/** One listed or selected file, made by alloc_file(): as long as its name needs. */
 struct LogFileEntry {
     LogFileEntry *next;
     uint32_t version;     /**< filled when the header is read */
-    zantLogOsFile file;
-    int64_t creationTime; /**< seconds since 1970 */
+    zantLogOsFile file;   /**< closed, but while the header is read */
+    int64_t creationTime; /**< from the listing, seconds since 1970-01-01 00:00 UTC */
     int32_t tzOffset;     /**< from the header; -1 when none */
     char directory[1025]; /**< ends in a separator */
-    char name[3];         /**< longer in the allocation */
+    char name[3];         /**< without the directory, terminated; longer in the allocation */
 };
 
 /** A file time: 100 ns units since 1601-01-01 UTC, as two halves. */
@@ -56,26 +56,26 @@ typedef struct zantLogFileTime {
     uint32_t high;
 } zantLogFileTime;
 
-/** The platform's find data, field by field. */
+/** The platform's find data (WIN32_FIND_DATAA), field by field. */
 typedef struct zantLogFindData {
     uint32_t attributes;
     zantLogFileTime creation;
     zantLogFileTime lastAccess;
     zantLogFileTime lastWrite;
-    uint32_t sizeHigh;
+    uint32_t sizeHigh; /**< upper 32 bits of the size in bytes */
     uint32_t sizeLow;
     uint32_t reserved[2];
-    char name[260];
-    char shortName[14];
+    char name[260];     /**< without the directory */
+    char shortName[14]; /**< in the form 8.3; empty when there is none */
 } zantLogFindData;
 
-/** A directory listing. */
+/** A directory listing, in storage of the caller's. */
 typedef struct zantLogListing {
-    void *find;
-    zantLogFindData data;
+    void *find;           /**< the system's find handle; null when there is nothing to close */
+    zantLogFindData data; /**< the current file */
 } zantLogListing;
 
-/** Copy of the current file of a listing. */
+/** Copy of what a listing says of its current file. */
 typedef struct zantLogListCopy {
     char name[260];
     uint32_t attributes;

@@ -1,0 +1,14 @@
+// The bytes of the program's variables, which change with the process that has its turn.
+#pragma once
+
+#include <vector>
+
+namespace zantlog::sim {
+
+// The bytes that a process starts with.
+const std::vector<unsigned char> &freshProgramImage();
+
+std::vector<unsigned char> programImage();
+void setProgramImage(const std::vector<unsigned char> &image);
+
+} // namespace zantlog::sim
