@@ -1,0 +1,53 @@
+// Which readers take the common lock.
+#include "tests/config/test_stores.h"
+#include "zantlog/dispatch.h"
+
+#include <chrono>
+#include <future>
+#include <gtest/gtest.h>
+
+namespace zantlog::test {
+namespace {
+
+constexpr uint32_t kProduct = 812;
+
+// Whether the work waits while this thread holds the common lock.
+template <typename Work> bool waitsForCommonLock(Work work) {
+    zantLockCommon("a test");
+    std::future<void> done = std::async(std::launch::async, work);
+    const bool waits = done.wait_for(std::chrono::milliseconds(200)) == std::future_status::timeout;
+    zantUnlockCommon("a test");
+    done.get();
+    return waits;
+}
+
+TEST(ConfigLock, ReadersTakeTheCommonLock) {
+    const std::unique_ptr<TestStore> location = makeLocation();
+    zantLogCfg *records[1];
+    uint32_t count = 0;
+    EXPECT_TRUE(waitsForCommonLock([] {
+        Config cfg;
+        zantLogReadCfg(kProduct, 112, &cfg);
+    }));
+    EXPECT_TRUE(waitsForCommonLock([] {
+        Config cfg;
+        zantLogReadlogsetCfg(kProduct, "set", &cfg);
+    }));
+    EXPECT_TRUE(waitsForCommonLock([&] { zantLogReadAllCfg(nullptr, 1, records, &count); }));
+    EXPECT_TRUE(waitsForCommonLock([&] { zantLogReadProdIDCfg(nullptr, kProduct, 1, records, &count); }));
+    EXPECT_FALSE(waitsForCommonLock([&] {
+        HandedOut path;
+        GetProductCfgPath(GetZantLogCfgLoc(), kProduct, &path);
+    }));
+}
+
+TEST(ConfigLock, ReadersMayBeCalledUnderTheLock) {
+    const std::unique_ptr<TestStore> location = makeLocation();
+    zantLockCommon("a test");
+    Config cfg;
+    EXPECT_EQ(zantLogReadCfg(kProduct, 112, &cfg), 6U);
+    zantUnlockCommon("a test");
+}
+
+} // namespace
+} // namespace zantlog::test
