@@ -1,0 +1,23 @@
+// What a command-line tool takes from its surroundings: arguments, standard input, code pages. Texts are
+// UTF-8.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zantlog::tools {
+
+// The arguments without the program's name.
+std::vector<std::string> commandLineArguments();
+
+// Standard input gives its bytes as they are from here on.
+void makeStandardInputBinary();
+
+// Makes the user's code page the runtime's, so that the library reads native texts as the user means them.
+void useCodePageOfUser();
+
+// Conversions between UTF-8 and the user's code page. What the code page does not have becomes "?".
+std::string utf8FromCodePage(const std::string &text);
+std::string codePageFromUtf8(const std::string &text);
+
+} // namespace zantlog::tools
