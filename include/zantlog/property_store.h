@@ -135,9 +135,9 @@ ZANTLOG_API uint32_t utiSetPropertyAsBool(PropertyStore *store, const char *name
 ZANTLOG_API uint32_t utiRemoveProperty(PropertyStore *store, const char *name);
 
 /** Removes a root with all that it holds, whichever section the store was opened on.
- * @param root file: the root, "LOGSET.name" for a log set. Registry: a sub-key of the store's key; with
- * backslashes, of which it needs two at least, a path below HKEY_LOCAL_MACHINE. Either: a root that contains
- * ".conf" is the path of a file to delete.
+ * @param root file: the root, "LOGSET.name" for a log set. Registry: a sub-key of the store's key ("" is the
+ * key itself); with backslashes, of which it needs two at least, a path below HKEY_LOCAL_MACHINE. Either: a
+ * root that contains ".conf" is the path of a file to delete.
  * @return ZANTLOG_STORE_OK; ZANTLOG_STORE_NULL_ARGUMENT; ZANTLOG_STORE_NO_ROOT: there was no such root;
  * ZANTLOG_STORE_FAILED: any other failure; and of a file as utiSetPropertyAsStr(), which rewrites it also
  * when there was nothing to remove

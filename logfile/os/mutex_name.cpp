@@ -11,7 +11,7 @@ namespace zantlog {
 namespace {
 
 // Four bytes for each of the 260 characters that the system takes: a longer path cannot be a name.
-constexpr size_t kLongestName = 4 * 260;
+constexpr size_t kLongestName = 4 * size_t{260};
 constexpr size_t kHashDigits = 16;
 constexpr size_t kTail = 200;
 

@@ -148,6 +148,15 @@ uint32_t giveHeader(zantLogFile *state, FoundFile *file) {
     return result;
 }
 
+// Kept: the plan is made for the open file. Of a handle that joins it, mode, time and period take effect on
+// the plan with the next file; a clock mode that meets no plan yet finds the file due at once.
+void planNextRollover(zantLogFile *state) {
+    if (usesClock(state->rolloverMode)) {
+        const RolloverSchedule schedule{state->rolloverMode, state->timeOfDay, state->period};
+        state->nextRollover = nextRolloverTime(schedule, state->startTime, os::nowSeconds());
+    }
+}
+
 int64_t inMilliseconds(int64_t seconds) {
     int64_t milliseconds = 0;
     if (__builtin_mul_overflow(seconds, INT64_C(1000), &milliseconds)) {
@@ -202,11 +211,6 @@ uint32_t openCurrentFile(zantLogFile *state, const char *existingName, FileOrigi
 void closeCurrentFile(zantLogFile *state) {
     (void)zantLogOs_close(&state->file);
     resetOsFile(&state->file);
-}
-
-void planNextRollover(zantLogFile *state) {
-    const RolloverSchedule schedule{state->rolloverMode, state->timeOfDay, state->period};
-    state->nextRollover = nextRolloverTime(schedule, state->startTime, os::nowSeconds());
 }
 
 } // namespace zantlog

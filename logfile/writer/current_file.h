@@ -19,11 +19,4 @@ enum class FileOrigin {
 // Nothing happens when no file is open.
 void closeCurrentFile(zantLogFile *state);
 
-inline bool isFileOpen(const zantLogFile &state) {
-    return state.file.file != nullptr;
-}
-
-// Recomputes when the current file is due by the clock.
-void planNextRollover(zantLogFile *state);
-
 } // namespace zantlog

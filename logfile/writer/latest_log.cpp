@@ -88,7 +88,9 @@ Verdict judgeLogSetFile(const char *name, const char *prefix, Best *best) {
         return Verdict::NoBetter;
     }
     LogSetFileName fields{};
-    if (!parseLogSetFileName(name, &fields) || !isLogSetDate(fields.date)) {
+    // The date stands right behind the prefix: a further hyphen would shift it for the writer.
+    if (!parseLogSetFileName(name, &fields) || !isLogSetDate(fields.date) ||
+        !beginsWith(name + std::strlen(prefix), fields.date)) {
         return Verdict::EndOfSearch;
     }
     const int64_t time = parseFileNameTime(fields.date);

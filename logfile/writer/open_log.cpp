@@ -15,7 +15,7 @@ namespace {
 
 // A state that no handle is attached to has no other owner than the handle that brought it.
 void dropState(zantLogHandle *handle) {
-    if (handle->file->handles == nullptr) {
+    if (handle->file != nullptr && handle->file->handles == nullptr) {
         freeWriterState(handle->file);
     }
     handle->file = nullptr;
@@ -64,8 +64,6 @@ void copySettings(zantLogFile *state, const zantLogCfg &cfg, SettingTexts *texts
     if (isFresh(*state)) {
         state->fileDay = {};
         replaceText(&state->fileSecurity, &texts->fileSecurity);
-    } else {
-        planNextRollover(state); // mode, time or period may be others than the open file's plan was made for
     }
 }
 
@@ -107,12 +105,12 @@ extern "C" uint32_t zantLogOpenFile(zantLogHandle *handle, zantLogCfg *handleCfg
     if (handle == nullptr || handleCfg == nullptr || fileCfg == nullptr) {
         return ZANTLOG_INVALID_ARGUMENT;
     }
-    if (handle->file == nullptr) {
-        return ZANTLOG_NO_WRITER;
-    }
     if (fileCfg->logDirectory[0] == '\0') {
         dropState(handle);
         return ZANTLOG_EMPTY_DIRECTORY;
+    }
+    if (handle->file == nullptr) {
+        return ZANTLOG_NO_WRITER;
     }
     if (fileCfg->isLogSet == 1 && isLogSetValid(fileCfg->logSetName) == 0) {
         dropState(handle);

@@ -3,20 +3,19 @@
 #include "logfile/os/os_clock.h"
 #include "logfile/writer/current_file.h"
 #include "logfile/writer/retention.h"
+#include "logfile/writer/rollover_time.h"
 
 namespace zantlog {
 
 namespace {
 
 constexpr uint32_t kHighestMode = ZANTLOG_ROLLOVER_FILE_SIZE | ZANTLOG_ROLLOVER_PERIODIC;
-constexpr uint32_t kTimeModes = ZANTLOG_ROLLOVER_LOCAL_TIME | ZANTLOG_ROLLOVER_PERIODIC;
 constexpr uint64_t kBytesPerKB = 1024;
 constexpr uint32_t kPauseMilliseconds = 10;
 constexpr uint32_t kMostPauses = 200;
 
 bool isSizeReached(zantLogFile *state, uint32_t recordLength) {
-    if ((state->rolloverMode & ZANTLOG_ROLLOVER_FILE_SIZE) == 0 || state->maximumSizeKB == 0 ||
-        !isFileOpen(*state)) {
+    if ((state->rolloverMode & ZANTLOG_ROLLOVER_FILE_SIZE) == 0 || state->maximumSizeKB == 0) {
         return false;
     }
     uint32_t size = 0;
@@ -27,7 +26,7 @@ bool isSizeReached(zantLogFile *state, uint32_t recordLength) {
 }
 
 bool isTimeReached(const zantLogFile &state) {
-    return (state.rolloverMode & kTimeModes) != 0 && os::nowSeconds() >= state.nextRollover;
+    return usesClock(state.rolloverMode) && os::nowSeconds() >= state.nextRollover;
 }
 
 // A log set file's name says its second: until the clock has moved on, every try would find the same file.
@@ -54,7 +53,7 @@ bool tryNextFile(zantLogFile *state, FileOrigin origin, int64_t second) {
 } // namespace
 
 bool isRolloverDue(zantLogFile *state, uint32_t recordLength) {
-    if (state->version != writtenVersion(*state)) {
+    if (!isHeaderCurrent(*state)) {
         return true;
     }
     if (state->rolloverMode > kHighestMode) {

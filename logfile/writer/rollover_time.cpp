@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "logfile/os/os_clock.h"
-#include "zantlog/config.h"
 
 namespace zantlog {
 
@@ -57,10 +56,7 @@ int64_t nextRolloverTime(const RolloverSchedule &schedule, int64_t start, int64_
         return nextLocalTime(schedule.timeOfDay, start, now);
     }
     // A period that is not positive would make every new file due at once.
-    if ((schedule.mode & ZANTLOG_ROLLOVER_PERIODIC) != 0 && schedule.period > 0) {
-        return addSaturated(start, schedule.period);
-    }
-    return kNoRolloverTime;
+    return schedule.period > 0 ? addSaturated(start, schedule.period) : kNoRolloverTime;
 }
 
 } // namespace zantlog

@@ -3,10 +3,16 @@
 
 #include <cstdint>
 
+#include "zantlog/config.h"
+
 namespace zantlog {
 
+inline bool usesClock(uint32_t rolloverMode) {
+    return (rolloverMode & (ZANTLOG_ROLLOVER_LOCAL_TIME | ZANTLOG_ROLLOVER_PERIODIC)) != 0;
+}
+
 struct RolloverSchedule {
-    uint32_t mode;
+    uint32_t mode;     // one that uses the clock
     int64_t timeOfDay; // seconds after local midnight
     int64_t period;    // seconds
 };

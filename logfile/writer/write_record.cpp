@@ -40,9 +40,6 @@ private:
 };
 
 uint32_t appendLine(zantLogFile *state, const RecordLine &line) {
-    if (!isFileOpen(*state)) {
-        return ZANTLOG_WRITE_FAILED;
-    }
     switch (appendBlock(&state->file, line.bytes(), line.length())) {
     case AppendOutcome::Written:
         return ZANTLOG_OK;
@@ -65,6 +62,12 @@ void rewriteContexts(zantLogFile *state) {
     }
 }
 
+void leaveFile(zantLogFile *state) {
+    if (rollOver(state)) {
+        rewriteContexts(state);
+    }
+}
+
 bool isReopenDue(const zantLogFile &state, const zantLogMsgRec &record) {
     const auto timestamp = static_cast<int64_t>(record.timestamp);
     int64_t age = 0;
@@ -75,11 +78,14 @@ bool isReopenDue(const zantLogFile &state, const zantLogMsgRec &record) {
 // Age is judged by the messages' own times, so that the path of a message reads no clock for it.
 void reopenForMessage(zantLogFile *state, const zantLogMsgRec &record) {
     const int64_t formerStart = state->startTime;
-    const bool opened = reopenFile(state);
-    state->lastReopen = static_cast<int64_t>(record.timestamp);
-    if (opened && state->startTime != formerStart) {
-        rewriteContexts(state);
+    if (reopenFile(state)) {
+        if (!isHeaderCurrent(*state)) {
+            leaveFile(state); // the name was taken by a file in which nobody would find the record
+        } else if (state->startTime != formerStart) {
+            rewriteContexts(state);
+        }
     }
+    state->lastReopen = static_cast<int64_t>(record.timestamp);
 }
 
 } // namespace
@@ -105,8 +111,8 @@ extern "C" uint32_t zantLogWriteMsgWithRolloverToFile(zantLogFile *file, zantLog
     if (result != ZANTLOG_OK) {
         return result;
     }
-    if (isRolloverDue(file, line.length()) && rollOver(file)) {
-        rewriteContexts(file);
+    if (isRolloverDue(file, line.length())) {
+        leaveFile(file);
     }
     if (isReopenDue(*file, *rec)) {
         reopenForMessage(file, *rec);

@@ -59,4 +59,9 @@ inline uint32_t writtenVersion(const zantLogFile &state) {
     return isLogSetFile(state) ? ZANTLOG_FORMAT_LOGSET : ZANTLOG_FORMAT_PRODUCT;
 }
 
+// Whether readers find the header that they expect before the state's records.
+inline bool isHeaderCurrent(const zantLogFile &state) {
+    return state.version == writtenVersion(state);
+}
+
 } // namespace zantlog

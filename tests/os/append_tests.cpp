@@ -42,6 +42,7 @@ TEST_F(Append, FirstBlockOfAnEmptyFileIsWrittenOnce) {
 TEST_F(Append, OneOfSeveralThreadsWritesTheFirstBlock) {
     std::atomic<int> written{0};
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([this, &written] {
             const auto own = std::make_unique<zantLogOsFile>();

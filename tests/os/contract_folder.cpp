@@ -8,7 +8,7 @@ namespace zantlog::test {
 
 std::string makeContractFolder() {
     static int count = 0;
-    const std::string path = processFolder() + "\\contract" + std::to_string(++count);
+    std::string path = processFolder() + "\\contract" + std::to_string(++count);
     EXPECT_EQ(os::createDirectory(path.c_str(), nullptr), os::kErrorNone);
     return path;
 }

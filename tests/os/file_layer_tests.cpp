@@ -319,6 +319,7 @@ TEST_F(FileLayer, ThreadsNeverInterleaveWithinABlock) {
     constexpr int kThreads = 4;
     constexpr int kBlocks = 150;
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     for (int t = 0; t < kThreads; ++t) {
         threads.emplace_back([this, t] {
             const auto own = std::make_unique<zantLogOsFile>();

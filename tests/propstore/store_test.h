@@ -87,7 +87,7 @@ inline std::string textOf(PropertyStore *store, const std::string &name) {
         EXPECT_EQ(nullptr, value) << "a failed get has stored something";
         return "(" + std::to_string(result) + ")";
     }
-    const std::string text = value;
+    std::string text = value;
     zantLogFree(value);
     return text;
 }
