@@ -10,11 +10,11 @@
 ZANTLOG_BEGIN_DECLS
 
 /**
- * The number that stands for this host in names of product files: of the first of its addresses that gives one.
- * An IPv4 address is read as a little-endian number (10.1.2.3 is 50462986), of an IPv6 address the last eight
- * bytes as two big-endian numbers that are added; loopback addresses give none. A host without another address,
- * or whose name cannot be resolved, has the number of 127.0.0.1, 16777343. Takes no lock; starts and cleans up
- * the process's sockets around its look-up, which may take as long as name resolution does.
+ * The number that stands for this host in names of product files: of the first of its addresses that gives
+ * one. An IPv4 address is read as a little-endian number (10.1.2.3 is 50462986), of an IPv6 address the last
+ * eight bytes as two big-endian numbers that are added; loopback addresses give none. A host without another
+ * address, or whose name cannot be resolved, has the number of 127.0.0.1, 16777343. Takes no lock; starts and
+ * cleans up the process's sockets around its look-up, which may take as long as name resolution does.
  *
  * @return the number; 0 when the host's name cannot be read
  */
@@ -26,20 +26,20 @@ ZANTLOG_API uint32_t zantLogHostId(void);
  *
  * @param buffer receives the name, terminated
  * @param size bytes at `buffer`; 512 are enough for every name
- * @return 0; -1 the name cannot be read or does not fit (the buffer's content is undefined then); -3 null buffer
- * or size 0
+ * @return 0; -1 the name cannot be read or does not fit (the buffer's content is undefined then); -3 null
+ * buffer or size 0
  */
 ZANTLOG_API int32_t osGetHostName(char *buffer, uint32_t size);
 
 /**
- * The offset of the local time zone now, in seconds: UTC minus local time, so -3600 one hour east of Greenwich.
- * 0 when the current time cannot be broken down. Takes no lock.
+ * The offset of the local time zone now, in seconds: UTC minus local time, so -3600 one hour east of
+ * Greenwich. 0 when the current time cannot be broken down. Takes no lock.
  */
 ZANTLOG_API int32_t getLocalTZOffsetFromGMT(void);
 
 /**
- * Reads an offset as "GMT", "GMT+1:00" or "GMT-5:30". Hour 0 counts as west: "GMT+0:30" is -1800. What is missing
- * after "GMT", or is no number, counts as 0. Takes no lock.
+ * Reads an offset as "GMT", "GMT+1:00" or "GMT-5:30". Hour 0 counts as west: "GMT+0:30" is -1800. What is
+ * missing after "GMT", or is no number, counts as 0. Takes no lock.
  *
  * @param out seconds, positive for hours above 0; not touched by a failure
  * @return 0; 1 the text does not begin with "GMT"; 3 null argument
@@ -52,7 +52,8 @@ ZANTLOG_API uint32_t TimeZoneToOffset(const char *text, int32_t *out);
  *
  * Handles for the same product and file originator share one writer state, as long as no other product file
  * took the process's one shared place first. A handle that joins an open state brings its own directory,
- * size, mode, period, time of day and recycling for all.
+ * size, mode, period, time of day and recycling for all. The time at which the open file is due by the clock
+ * stays as it was; a file that was opened without a clock mode is due at once when a handle brings one.
  *
  * Takes the common lock with the label "zantLogOpenFile()", and inside it "zantLogAddLogToFile()".
  *
@@ -177,6 +178,16 @@ ZANTLOG_API int32_t zantLogFindLatestLog(zantLogFile *file, uint32_t productId, 
 ZANTLOG_API int32_t zantLogFindLatestLogSL(zantLogFile *file, uint32_t productId, const char *logSet,
                                            uint64_t reserved, int64_t now, LogFileEntry **out);
 
+/**
+ * Reads up to three numbers out of a text such as "10:30:15". Runs of delimiters count as one, leading ones
+ * are skipped, and what follows the third piece is ignored. Takes no lock.
+ *
+ * @param delimiters each of these characters ends a piece
+ * @param first number that the first piece begins with; 0 when there is no such piece, or it begins with none
+ * @param second likewise of the second piece
+ * @param third likewise of the third piece
+ * @return 1; 0 null argument or out of memory, and nothing is stored
+ */
 ZANTLOG_API int32_t zantLogStrTimeToT(const char *text, const char *delimiters, uint32_t *first,
                                       uint32_t *second, uint32_t *third);
 

@@ -148,7 +148,8 @@ TEST_F(LatestLog, OtherLogSetsAreNotChosen) {
 
 TEST_F(LatestLog, OneLogSetNameWithoutADateEndsTheSearch) {
     put("12-night-251115101010.log", "");
-    for (const char *malformed : {"12-night-zzz.log", "12-night-.log", "12-night-2511151010.log"}) {
+    for (const char *malformed :
+         {"12-night-zzz.log", "12-night-.log", "12-night-2511151010.log", "12-night--251115101010.log"}) {
         put(malformed, "");
         EXPECT_EQ(logSet(), "none") << malformed;
         std::filesystem::remove(folder_.file(malformed));

@@ -34,6 +34,12 @@ TEST_F(OpenFile, EmptyDirectoryTakesTheStateAway) {
     EXPECT_EQ(zantLogCloseFile(&log.handle), 3u);
 }
 
+TEST_F(OpenFile, EmptyDirectoryIsSeenBeforeAMissingState) {
+    zantLogHandle handle{};
+    cfg_.logDirectory[0] = '\0';
+    EXPECT_EQ(zantLogOpenFile(&handle, &cfg_, &cfg_), 53u);
+}
+
 TEST_F(OpenFile, EmptyDirectoryOfTheHandlesConfigurationDoesNotMatter) {
     zantLogCfg handleCfg = cfg_;
     handleCfg.logDirectory[0] = '\0';

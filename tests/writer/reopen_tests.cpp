@@ -95,6 +95,29 @@ TEST_F(Reopen, ThatFailsFailsTheWriteAndWaitsTenMinutes) {
     EXPECT_EQ(withoutHeader(onlyFile()), debugLine(3, "c", later + 600001));
 }
 
+TEST_F(Reopen, LeavesAFileWithoutHeaderForTheNextOne) {
+    // As a disk that ran full leaves it: the next file was made, and its header could not be written.
+    char token[] = "job7";
+    TestLog log(&cfg_);
+    zantLogHandle context{};
+    context.context = contextRecord(41, token);
+    ASSERT_EQ(zantLogCreateContextToFile(&log.handle, &context, &context.context), 0u);
+    std::filesystem::create_directory(folder_.file(productName(0, 1)));
+    log.state().version = 0;
+    const uint64_t later = after(log.state(), 600001);
+    EXPECT_EQ(log.write(debugRecord(42, "lost")), 5u);
+    std::filesystem::remove(folder_.file(productName(0, 1)));
+    put(productName(0, 1), "");
+    log.state().version = 65543;
+
+    EXPECT_EQ(log.write(debugRecord(43, "kept", later)), 0u);
+    EXPECT_EQ(bytes(productName(0, 1)), "");
+    EXPECT_EQ(withoutHeader(bytes(productName(0, 2))),
+              "3,12,3,3,41,1,4242,777,0:,11:nightly run,4:job7,(0|)\n" + debugLine(43, "kept", later));
+    EXPECT_EQ(log.state().lastReopen, static_cast<int64_t>(later));
+    EXPECT_EQ(zantLogCloseFile(&context), 0u);
+}
+
 TEST_F(Reopen, OfALogSetBeginsANewFile) {
     char name[] = "night";
     cfg_.isLogSet = 1;

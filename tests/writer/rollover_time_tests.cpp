@@ -34,9 +34,13 @@ int64_t localTimeRollover(int64_t timeOfDay, int64_t start, int64_t now) {
     return nextRolloverTime({kLocalTime, timeOfDay, 0}, start, now);
 }
 
-TEST_F(RolloverTime, ModesWithoutAClockHaveNone) {
-    EXPECT_EQ(nextRolloverTime({0, kThreeOClock, 60}, kAt0500, kAt0500), INT64_MAX);
-    EXPECT_EQ(nextRolloverTime({kSize, kThreeOClock, 60}, kAt0500, kAt0500), INT64_MAX);
+TEST_F(RolloverTime, ClockIsUsedByLocalTimeAndPeriodicAlone) {
+    for (const uint32_t mode : {kLocalTime, kPeriodic, kLocalTime | kSize, kPeriodic | kSize}) {
+        EXPECT_TRUE(usesClock(mode)) << mode;
+    }
+    for (const uint32_t mode : {0u, kSize, 8u}) {
+        EXPECT_FALSE(usesClock(mode)) << mode;
+    }
 }
 
 TEST_F(RolloverTime, PeriodRunsFromTheStartOfTheFile) {

@@ -61,14 +61,57 @@ TEST_F(SharedState, JoiningHandleBringsItsSettings) {
     EXPECT_EQ(first.state().timeOfDay, 13);
 }
 
-TEST_F(SharedState, JoiningHandleWithAClockModeDoesNotRollOverAtOnce) {
-    TestLog first(&cfg_);
+TEST_F(SharedState, JoiningHandleLeavesThePlanOfTheOpenFile) {
     cfg_.rolloverMode = ZANTLOG_ROLLOVER_PERIODIC;
     cfg_.rolloverPeriod = 3600;
+    put(productName(0, 0), headerBegun(60));
+    TestLog first(&cfg_);
+    cfg_.rolloverPeriod = 30; // the open file is older than that
     const TestLog second(&cfg_);
-    EXPECT_EQ(first.state().nextRollover, first.state().startTime + 3600);
     EXPECT_EQ(first.write(debugRecord(1, "x")), 0u);
-    EXPECT_EQ(names().size(), 1u);
+    EXPECT_EQ(names(), std::vector<std::string>{productName(0, 0)});
+}
+
+TEST_F(SharedState, JoiningHandlesPeriodCountsFromTheNextFileOn) {
+    cfg_.rolloverMode = ZANTLOG_ROLLOVER_PERIODIC;
+    cfg_.rolloverPeriod = 3600;
+    put(productName(0, 0), headerBegun(7200)); // due
+    TestLog first(&cfg_);
+    cfg_.rolloverPeriod = 1000;
+    const TestLog second(&cfg_);
+    EXPECT_EQ(first.write(debugRecord(1, "x")), 0u);
+    EXPECT_EQ(withoutHeader(bytes(productName(0, 1))), debugLine(1, "x"));
+    EXPECT_EQ(first.state().nextRollover, first.state().startTime + 1000);
+}
+
+TEST_F(SharedState, JoiningHandlesClockModeOnAFileWithoutAPlanIsDueAtOnce) {
+    for (const uint32_t mode : {uint32_t{ZANTLOG_ROLLOVER_PERIODIC}, uint32_t{ZANTLOG_ROLLOVER_LOCAL_TIME}}) {
+        const ScopedFolder folder;
+        zantLogCfg cfg = configurationFor(folder.path());
+        TestLog first(&cfg);
+        cfg.rolloverMode = mode;
+        cfg.rolloverPeriod = 3600;
+        const TestLog second(&cfg);
+        EXPECT_EQ(first.write(debugRecord(1, "a")), 0u);
+        EXPECT_EQ(first.write(debugRecord(2, "b")), 0u);
+        EXPECT_EQ(withoutHeader(fileBytes(folder.file(productName(0, 0)))), "") << mode;
+        EXPECT_EQ(withoutHeader(fileBytes(folder.file(productName(0, 1)))),
+                  debugLine(1, "a") + debugLine(2, "b"))
+            << mode;
+    }
+}
+
+TEST_F(SharedState, HandleJoinsAFileWhoseHeaderTellsNoStart) {
+    const std::string content = "$Header 65544,-3600,buildhost\n";
+    put(productName(0, 0), content);
+    TestLog first(&cfg_);
+    TestLog second(&cfg_);
+    EXPECT_EQ(second.opened, 0u);
+    EXPECT_EQ(first.handle.file, second.handle.file);
+    EXPECT_EQ(first.write(debugRecord(1, "a")), 0u);
+    EXPECT_EQ(second.write(debugRecord(1, "b")), 0u);
+    EXPECT_EQ(bytes(productName(0, 0)), content);
+    EXPECT_EQ(withoutHeader(bytes(productName(0, 1))), debugLine(1, "a") + debugLine(1, "b"));
 }
 
 TEST_F(SharedState, SecondOriginatorHasAStateOfItsOwn) {
