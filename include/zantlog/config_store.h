@@ -20,7 +20,7 @@ ZANTLOG_BEGIN_DECLS
  * The configuration location: the value of the environment variable ZANTLOG_CFG_LOC, also when that is an
  * empty text, else the registry path "SOFTWARE\\KORVANE\\zantlog". It is taken at the first call and kept for
  * the life of the process. A value of any length that an environment variable can have (32767 characters) is
- * kept whole; the file back end of the store then uses its first 399 characters.
+ * kept whole.
  * @return the location; it belongs to the library. Takes no lock.
  */
 ZANTLOG_API const char *GetZantLogCfgLoc(void);
@@ -95,8 +95,8 @@ ZANTLOG_API uint32_t zantLogReadProdIDCfg(const char *location, uint32_t product
 ZANTLOG_API uint32_t FreeConfigArray(zantLogCfg **array, uint32_t count);
 
 /**
- * Maps a result of the property store to a result code: 0 to 0, 1 to 3, 2 to 4 to 6, 5 to 55, 7 to 9, 8 to
- * 50, 9 to 61, 10 to 64, and every other value to 1.
+ * Maps a result of the property store to a result code: 0 to 0, 1 to 3, each of 2, 3 and 4 to 6, 5 to 55,
+ * 7 to 9, 8 to 50, 9 to 61, 10 to 64, and every other value to 1.
  */
 ZANTLOG_API uint32_t utipsres2zantlogres(uint32_t storeResult);
 

@@ -26,21 +26,22 @@ int runChild(const char *role, const ChildArguments &arguments, const ChildStrea
     return ChildProcess(role, arguments, streams).wait();
 }
 
+int runRole(const char *name, const ChildArguments &arguments) {
+    for (const ChildRole *role = firstRole(); role != nullptr; role = role->next) {
+        if (std::strcmp(role->name, name) == 0) {
+            return role->main(arguments);
+        }
+    }
+    std::fprintf(stderr, "there is no role %s\n", name);
+    return kUnknownRole;
+}
+
 bool runAsChild(int argc, char **argv, int *exitCode) {
     constexpr size_t kOptionLength = sizeof(kRoleOption) - 1;
     if (argc < 2 || std::strncmp(argv[1], kRoleOption, kOptionLength) != 0) {
         return false;
     }
-    const char *wanted = argv[1] + kOptionLength;
-    const ChildArguments arguments(argv + 2, argv + argc);
-    for (const ChildRole *role = firstRole(); role != nullptr; role = role->next) {
-        if (std::strcmp(role->name, wanted) == 0) {
-            *exitCode = role->main(arguments);
-            return true;
-        }
-    }
-    std::fprintf(stderr, "there is no role %s\n", wanted);
-    *exitCode = kUnknownRole;
+    *exitCode = runRole(argv[1] + kOptionLength, ChildArguments(argv + 2, argv + argc));
     return true;
 }
 

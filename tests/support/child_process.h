@@ -1,5 +1,6 @@
 // Test executables that start themselves again in another role: for what ends a process, or needs two of
-// them.
+// them. The children of the native build are logical processes of the simulation, and start with fresh
+// variables all the same.
 //
 //     ZANTLOG_CHILD(abortsOnRelease) { zantUnlockCommon("x"); return 0; }
 //     TEST(Lock, ReleaseWithoutHolderAborts) { EXPECT_EQ(runChild("abortsOnRelease"), kAbortExitCode); }
@@ -63,6 +64,9 @@ private:
 
 // Starts a child and waits for its end.
 int runChild(const char *role, const ChildArguments &arguments = {}, const ChildStreams &streams = {});
+
+// Runs a role in this process.
+int runRole(const char *name, const ChildArguments &arguments);
 
 // For the test main only: runs the role that the command line names and stores its exit code; false when it
 // names none.

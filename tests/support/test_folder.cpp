@@ -2,31 +2,12 @@
 
 #include <atomic>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <system_error>
 
-#if defined(_WIN32)
-#include <process.h>
-#else
-#include <unistd.h>
-#endif
+#include "tests/support/files.h"
 
 namespace zantlog::test {
 
 namespace {
-
-#if defined(_WIN32)
-constexpr char kSeparator = '\\';
-int processId() {
-    return _getpid();
-}
-#else
-constexpr char kSeparator = '/';
-int processId() {
-    return getpid();
-}
-#endif
 
 std::string &folder() {
     static std::string path;
@@ -40,51 +21,34 @@ const std::string &processFolder() {
 }
 
 std::string inProcessFolder(const std::string &name) {
-    return folder() + kSeparator + name;
+    return folder() + '\\' + name;
 }
 
 ScopedFolder::ScopedFolder() {
     static std::atomic<int> count{0};
     path_ = inProcessFolder("folder" + std::to_string(++count));
-    std::filesystem::create_directory(path_);
+    makeFolder(path_);
 }
 
 ScopedFolder::~ScopedFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    removeFolderTree(path_);
 }
 
 std::string ScopedFolder::file(const std::string &name) const {
-    return path_ + kSeparator + name;
-}
-
-void setEnvironment(const char *name, const char *value) {
-#if defined(_WIN32)
-    // An empty value removes the variable; the runtime passes both on to the system.
-    _putenv_s(name, value != nullptr ? value : "");
-#else
-    if (value != nullptr) {
-        setenv(name, value, 1);
-    } else {
-        unsetenv(name);
-    }
-#endif
+    return path_ + '\\' + name;
 }
 
 void makeProcessFolder() {
-    const std::filesystem::path base = std::filesystem::temp_directory_path();
-    const std::filesystem::path path = base / ("zantlog-test-" + std::to_string(processId()));
+    folder() = temporaryFolder() + "\\zantlog-test-" + std::to_string(ownProcessId());
     // What a crashed process of the same number left must not be met.
-    std::filesystem::remove_all(path);
-    std::filesystem::create_directories(path);
-    folder() = path.string();
+    removeFolderTree(folder());
+    makeFolder(folder());
 }
 
 void removeProcessFolder() {
-    std::error_code error;
-    std::filesystem::remove_all(folder(), error);
-    if (error) {
-        std::fprintf(stderr, "cannot remove %s: %s\n", folder().c_str(), error.message().c_str());
+    removeFolderTree(folder());
+    if (fileExists(folder())) {
+        std::fprintf(stderr, "cannot remove %s\n", folder().c_str());
     }
 }
 

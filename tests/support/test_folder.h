@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "tests/support/machine.h"
+
 namespace zantlog::test {
 
 // The process's folder, made by the test main, without a separator at the end.
@@ -26,10 +28,6 @@ public:
 private:
     std::string path_;
 };
-
-// Sets an environment variable for this process, as its C runtime and its system calls see it; null removes
-// it.
-void setEnvironment(const char *name, const char *value);
 
 // For the test main only.
 void makeProcessFolder();

@@ -1,11 +1,11 @@
 #include "tests/support/empty_variable.h"
 
-#include <cstdlib>
+#include "tests/sim/environment.h"
 
 namespace zantlog::test {
 
 void setEmptyVariable(const char *name) {
-    setenv(name, "", 1);
+    sim::setEnvironmentValue(name, "");
 }
 
 } // namespace zantlog::test
