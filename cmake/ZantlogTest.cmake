@@ -1,15 +1,15 @@
-# zantlog_add_tests(FOLDER [NATIVE] [TIMEOUT seconds] [LIBRARIES target...]
+# zantlog_add_tests(FOLDER [WINDOWS_ONLY] [TIMEOUT seconds] [LIBRARIES target...]
 #                   [SOURCES file...] [INTERFACE_SOURCES file...])
 #
 # FOLDER_tests runs all sources against the static libraries. FOLDER_interface_tests runs INTERFACE_SOURCES, which
 # use the public headers only, against the DLL itself. Each is one test for CTest, since starting a process is
-# what costs under Wine. NATIVE says that FOLDER_tests needs nothing of Windows: the native build has it too.
+# what costs under Wine. The native build has FOLDER_tests too, on the simulated system, unless WINDOWS_ONLY is given.
 function(zantlog_add_tests folder)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "NATIVE" "TIMEOUT" "LIBRARIES;SOURCES;INTERFACE_SOURCES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "NATIVE;WINDOWS_ONLY" "TIMEOUT" "LIBRARIES;SOURCES;INTERFACE_SOURCES")
     if(arg_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "tests of ${folder}: not understood: ${arg_UNPARSED_ARGUMENTS}")
     endif()
-    if(NOT WIN32 AND NOT arg_NATIVE)
+    if(NOT WIN32 AND arg_WINDOWS_ONLY)
         return()
     endif()
     if(NOT arg_TIMEOUT)

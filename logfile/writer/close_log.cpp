@@ -13,12 +13,13 @@ extern "C" uint32_t zantLogCloseFile(zantLogHandle *handle) {
         return ZANTLOG_FAILURE;
     }
     zantLogFile *state = handle->file;
-    handle->file = nullptr;
-    if (state->handles == nullptr) {
-        if (!isLogSetFile(*state)) {
-            emptySlot(*state);
-        }
-        freeWriterState(state);
+    if (state->handles != nullptr) {
+        return ZANTLOG_OK; // the handle keeps its state, and so is told apart from one that never had any
     }
+    if (!isLogSetFile(*state)) {
+        emptySlot(*state);
+    }
+    freeWriterState(state);
+    handle->file = nullptr;
     return ZANTLOG_OK;
 }

@@ -220,6 +220,14 @@ TEST_F(CloseFile, SecondCloseIsRefused) {
     EXPECT_EQ(zantLogCloseFile(&log.handle), 3u);
 }
 
+TEST_F(CloseFile, SecondCloseBesideAnotherHandleFindsItDetached) {
+    TestLog log(&cfg_);
+    TestLog other(&cfg_);
+    EXPECT_EQ(zantLogCloseFile(&log.handle), 0u);
+    EXPECT_EQ(zantLogCloseFile(&log.handle), 1u);
+    log.handle.file = nullptr; // it goes with the other handle
+}
+
 TEST_F(CloseFile, AttachingTwiceAttachesOnce) {
     TestLog log(&cfg_);
     EXPECT_EQ(zantLogAddLogToFile(nullptr), 3u);

@@ -1,0 +1,70 @@
+"""The examples in README.md are what examples/ holds, and do what README.md says of them."""
+
+import glob
+import os
+import re
+import subprocess
+import tempfile
+import unittest
+
+import settings
+
+
+def read(path):
+    with open(os.path.join(settings.SOURCE, path), encoding="utf-8") as file:
+        return file.read()
+
+
+def code_blocks(text, language):
+    return re.findall(rf"^```{language}\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)
+
+
+def windows_path(path):
+    return "Z:" + os.path.abspath(path).replace("/", "\\")
+
+
+def run(program, *arguments, location):
+    environment = dict(os.environ, ZANTLOG_CFG_LOC=windows_path(location))
+    command = [os.path.join(settings.SOURCE, "scripts/wine-run"), os.path.join(settings.BIN, program), *arguments]
+    return subprocess.run(command, env=environment, capture_output=True, text=True, timeout=60)
+
+
+class Readme(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+        self.location = os.path.join(self.folder, "products.conf")
+
+        # The two files as README.md shows them, in a folder of this test's.
+        (block,) = code_blocks(read("README.md"), "ini")
+        for line in block.splitlines():
+            name, content = line.split()
+            with open(os.path.join(self.folder, name.split("\\")[-1]), "w", newline="") as file:
+                file.write(content.replace("C:\\logs\\", windows_path(self.folder) + "\\") + "\r\n")
+
+    def log_lines(self):
+        (path,) = glob.glob(os.path.join(self.folder, "12-3-*.log"))
+        self.assertRegex(os.path.basename(path), r"^12-3-[0-9]+-[0-9]{6}-0000000000\.log$")
+        with open(path, "rb") as file:
+            return file.read().decode("ascii").split("\n")
+
+    def test_the_c_example_is_examples_hello(self):
+        self.assertEqual(code_blocks(read("README.md"), "c"), [read("examples/hello.c")])
+
+    def test_the_c_example_logs_its_message(self):
+        done = run("hello.exe", location=self.location)
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+        header, record, end = self.log_lines()
+        self.assertTrue(header.startswith("$Header 65543,12,3,"), header)
+        self.assertRegex(record, r"^2,12,3,3,1,[0-9]{13},[0-9]+,[0-9]+,0:,20:disk C: is 93 % full,0:,2,\(0\|\)$")
+        self.assertEqual(end, "")
+
+    def test_the_command_line_logs_the_same(self):
+        (command,) = code_blocks(read("README.md"), "bat")
+        program, *arguments = re.findall(r'"([^"]*)"|(\S+)', command)
+        arguments = [quoted or plain for quoted, plain in arguments]
+        self.assertEqual("".join(program), "qzlogger")
+        done = run("qzlogger.exe", *arguments, location=self.location)
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+        self.assertRegex(self.log_lines()[1], r"^2,12,3,3,1,.*,20:disk C: is 93 % full,0:,2,\(0\|\)$")
