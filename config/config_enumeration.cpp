@@ -6,6 +6,7 @@
 #include "config/product_config.h"
 #include "config/section_loader.h"
 #include "zantlog/config_store.h"
+#include "zantlog/results.h"
 
 #include <cstring>
 

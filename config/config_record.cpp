@@ -4,8 +4,6 @@
 #include "base/owned_text.h"
 #include "zantlog/results.h"
 
-#include <cstring>
-
 namespace zantlog {
 
 namespace {

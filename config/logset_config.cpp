@@ -2,10 +2,10 @@
 #include "base/common_lock.h"
 #include "config/config_record.h"
 #include "config/config_texts.h"
-#include "config/open_store.h"
 #include "config/product_config.h"
 #include "config/section_loader.h"
 #include "zantlog/config_store.h"
+#include "zantlog/results.h"
 
 #include <cstring>
 
@@ -27,10 +27,6 @@ uint32_t nameAsRequested(zantLogCfg *cfg, const char *logSet) {
     return result == ZANTLOG_OK ? replaceText(&cfg->logSetFileName, logSet) : result;
 }
 
-bool exists(const char *path, const char *logSet) {
-    return OpenStore(path, logSet).isOpen();
-}
-
 // The record is initialised; the product's configuration is at `path`.
 uint32_t loadLayers(const char *path, const char *logSet, zantLogCfg *cfg) {
     const OwnedText logSets = logSetsPath(path);
@@ -43,9 +39,6 @@ uint32_t loadLayers(const char *path, const char *logSet, zantLogCfg *cfg) {
     }
     if (std::strcmp(logSet, kDefaultName) == 0) {
         return result;
-    }
-    if (!exists(logSets.get(), logSet)) {
-        return ZANTLOG_NOT_REGISTERED;
     }
     return foundOrNot(loadLogSet(logSets.get(), logSet, cfg));
 }

@@ -7,6 +7,7 @@
 #include "config/open_store.h"
 #include "config/section_loader.h"
 #include "zantlog/config_store.h"
+#include "zantlog/results.h"
 
 namespace zantlog {
 

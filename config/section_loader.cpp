@@ -6,6 +6,7 @@
 #include "config/key_table.h"
 #include "config/open_store.h"
 #include "zantlog/config_store.h"
+#include "zantlog/results.h"
 
 #include <cstring>
 

@@ -50,6 +50,22 @@ TEST(ConfigEnumerationLocation, NullMeansTheConfigurationLocation) {
     EXPECT_EQ(one.names(), "41/112");
 }
 
+TEST(ConfigEnumerationLocation, LongNamesOfAProductAreCut) {
+    // In a file's line such names have no room.
+    const std::unique_ptr<TestStore> location = makeStore(BackEnd::Registry);
+    const std::unique_ptr<TestStore> store = makeStore(BackEnd::Registry);
+    registerProduct(*location, 31, store->path(), std::string(2000, 'n'));
+    store->number("3", "DebugLevel", 1);
+    store->number(store->logSet("nightly"), "DebugLevel", 1);
+    Records records;
+    ASSERT_EQ(records.readAll(*location), 0U);
+    ASSERT_EQ(records.names(), "31/112 31/3 31:nightly");
+    for (uint32_t i = 0; i < records.count; ++i) {
+        EXPECT_EQ(records.array[i]->productNames, std::string(1024, 'n')) << i;
+        EXPECT_STREQ(records.array[i]->originatorNames, "") << i;
+    }
+}
+
 // Lines of one root in two places, as hand-edited files have them.
 
 TEST(ConfigEnumerationInFile, AProductInTwoRunsIsReadOnce) {

@@ -11,11 +11,14 @@ namespace {
 
 constexpr uint32_t kProduct = 812;
 
+constexpr std::chrono::milliseconds kWhile{200};
+constexpr std::chrono::seconds kLongEnough{30}; // for work that does not wait, on a busy machine
+
 // Whether the work waits while this thread holds the common lock.
-template <typename Work> bool waitsForCommonLock(Work work) {
+template <typename Work> bool waitsForCommonLock(Work work, std::chrono::milliseconds patience = kWhile) {
     zantLockCommon("a test");
     std::future<void> done = std::async(std::launch::async, work);
-    const bool waits = done.wait_for(std::chrono::milliseconds(200)) == std::future_status::timeout;
+    const bool waits = done.wait_for(patience) == std::future_status::timeout;
     zantUnlockCommon("a test");
     done.get();
     return waits;
@@ -35,10 +38,12 @@ TEST(ConfigLock, ReadersTakeTheCommonLock) {
     }));
     EXPECT_TRUE(waitsForCommonLock([&] { zantLogReadAllCfg(nullptr, 1, records, &count); }));
     EXPECT_TRUE(waitsForCommonLock([&] { zantLogReadProdIDCfg(nullptr, kProduct, 1, records, &count); }));
-    EXPECT_FALSE(waitsForCommonLock([&] {
-        HandedOut path;
-        GetProductCfgPath(GetZantLogCfgLoc(), kProduct, &path);
-    }));
+    EXPECT_FALSE(waitsForCommonLock(
+        [&] {
+            HandedOut path;
+            GetProductCfgPath(GetZantLogCfgLoc(), kProduct, &path);
+        },
+        kLongEnough));
 }
 
 TEST(ConfigLock, ReadersMayBeCalledUnderTheLock) {

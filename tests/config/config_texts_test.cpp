@@ -301,6 +301,7 @@ TEST(ShortNames, NoNamesGiveNull) {
     EXPECT_EQ(out, nullptr);
     out = marker;
     EXPECT_EQ(LogCfgGetShortNames(nullptr, 263, &out), 3U);
+    EXPECT_EQ(out, marker);
     EXPECT_EQ(LogCfgGetShortNames(&cfg, 263, nullptr), 3U);
 }
 

@@ -216,6 +216,18 @@ TEST_P(LogSetConfig, FileNameAloneMakesALogSet) {
     EXPECT_STREQ(cfg.logSetFileName, "night");
 }
 
+TEST_P(LogSetConfig, EmptyTextsCount) {
+    store->text(store->logSet("Default"), "FileName", "base");
+    store->text(store->logSet("names"), "OIDNames", "");
+    store->text(store->logSet("file"), "FileName", "");
+    Config names;
+    EXPECT_EQ(load(names, "names"), 0U);
+    Config file;
+    EXPECT_EQ(load(file, "file"), 0U);
+    // Refused, so that the one before stays: in the registry that is the requested name already.
+    EXPECT_STREQ(file.logSetFileName, store->isFile() ? "base" : "file");
+}
+
 TEST_P(LogSetConfig, OverlongNamesAreUnknown) {
     store->number(store->logSet("Default"), "DebugLevel", 3);
     for (size_t length : {size_t{300}, size_t{1000}, size_t{1020}, size_t{5000}, size_t{100000}}) {
@@ -268,16 +280,6 @@ TEST(LogSetConfigInRegistry, AKeyWithoutValuesIsSixWithItsName) {
     EXPECT_STREQ(cfg.logSetName, "empty");
     EXPECT_STREQ(cfg.logSetFileName, "empty");
     EXPECT_EQ(cfg.debugLevel, 3U);
-}
-
-TEST(LogSetConfigInRegistry, AnEmptyFileNameKeepsTheInheritedOneAndCounts) {
-    const std::unique_ptr<TestStore> location = makeLocation();
-    const std::unique_ptr<TestStore> store = makeStore(BackEnd::Registry);
-    registerProduct(*location, kProduct, store->path(), "x");
-    store->text("LOGSET\\nightly", "FileName", "");
-    Config cfg;
-    EXPECT_EQ(zantLogReadlogsetCfg(kProduct, "nightly", &cfg), 0U);
-    EXPECT_STREQ(cfg.logSetFileName, "nightly");
 }
 
 TEST(LogSetConfigInFile, OfAFileThatIsMissingIsSix) {

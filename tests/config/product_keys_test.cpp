@@ -164,6 +164,30 @@ TEST_P(ProductKeys, LongTextsAreBounded) {
     }
 }
 
+TEST_P(ProductKeys, EmptyTextsArePresent) {
+    store->text("Default", "L10nLib", "kept");
+    store->text("Default", "OIDNames", "kept");
+    store->text("Default", "RolloverMode", "FileSize");
+    store->text("Default", "LogDirectory", "D:\\kept");
+    store->text("Default", "RolloverAtLocalTime", "00:30");
+    store->boolean("Default", "LogToStdout", true);
+    for (const char *key : {"L10nLib", "OIDNames", "RolloverMode", "LogDirectory", "AppMsgLogging",
+                            "LogFileSDDL", "NtEventLogSourceName", "RolloverAtLocalTime", "LogToStdout"}) {
+        store->text("33", key, "");
+    }
+    Config cfg;
+    ASSERT_EQ(load(cfg, 33), 0U);
+    EXPECT_STREQ(cfg.l10nLib, "kept");
+    EXPECT_STREQ(cfg.originatorNames, "kept");
+    EXPECT_EQ(cfg.rolloverMode, 0U); // no word is no way of rolling over
+    EXPECT_STREQ(cfg.logDirectory, "D:\\kept\\");
+    EXPECT_EQ(cfg.appMsgLogging, 0U);
+    EXPECT_STREQ(cfg.logFileSDDL, "");
+    EXPECT_STREQ(cfg.eventSource.name, "Application");
+    EXPECT_EQ(cfg.rolloverTime, 1800);
+    EXPECT_EQ(cfg.outputFlags, 0U);
+}
+
 INSTANTIATE_TEST_SUITE_P(BackEnds, ProductKeys, testing::Values(BackEnd::Conf, BackEnd::Registry),
                          [](const auto &backEnd) {
                              return std::string(backEnd.param == BackEnd::Conf ? "Conf" : "Registry");
@@ -182,40 +206,16 @@ TEST(ProductKeysInRegistry, ValuesOfAnotherTypeCountAsMissing) {
     expectBuiltInDefaults(cfg);
 }
 
-TEST(ProductKeysInRegistry, EmptyTextsArePresent) {
-    const std::unique_ptr<TestStore> location = makeLocation();
-    const std::unique_ptr<TestStore> store = makeStore(BackEnd::Registry);
-    registerProduct(*location, kProduct, store->path(), "x");
-    store->text("Default", "L10nLib", "kept");
-    store->text("Default", "OIDNames", "kept");
-    store->text("Default", "RolloverMode", "FileSize");
-    store->text("Default", "LogDirectory", "D:\\kept");
-    for (const char *key : {"L10nLib", "OIDNames", "RolloverMode", "LogDirectory", "AppMsgLogging",
-                            "LogFileSDDL", "NtEventLogSourceName", "RolloverAtLocalTime"}) {
-        store->text("33", key, "");
-    }
-    Config cfg;
-    ASSERT_EQ(zantLogReadCfg(kProduct, 33, &cfg), 0U);
-    EXPECT_STREQ(cfg.l10nLib, "kept");
-    EXPECT_STREQ(cfg.originatorNames, "kept");
-    EXPECT_EQ(cfg.rolloverMode, 0U); // no word is no way of rolling over
-    EXPECT_STREQ(cfg.logDirectory, "D:\\kept\\");
-    EXPECT_EQ(cfg.appMsgLogging, 0U);
-    EXPECT_STREQ(cfg.logFileSDDL, "");
-    EXPECT_STREQ(cfg.eventSource.name, "Application");
-    EXPECT_EQ(cfg.rolloverTime, 0);
-}
-
 TEST(ProductKeysInFile, ValuesEndAtTheSecondEqualsSignAndLoseBlanksAtTheEnd) {
     const std::unique_ptr<TestStore> location = makeLocation();
     const std::unique_ptr<TestStore> store = makeStore(BackEnd::Conf);
     registerProduct(*location, kProduct, store->path(), "x");
-    writeConf(store->path(),
-              {"Default.LogDirectory=D:\\a=b", "Default.L10nResource=res   ", "Default.DebugLevel=x",
-               " Default.DiagnosticLevel=3", "default.DiagnosticLevel=4",
-               "Default.L10nLib=", "Default.DynaReloadInSec=61", "Default.DynaReloadInSec=62"});
+    writeConf(store->path(), {"Default.LogDirectory=D:\\a=b", "Default.L10nResource=res   ",
+                              "Default.DebugLevel=5", " Default.DiagnosticLevel=3",
+                              "default.DiagnosticLevel=4", "Default.L10nLib=", "Default.DynaReloadInSec=61",
+                              "Default.DynaReloadInSec=62", "33.DebugLevel=x"});
     Config cfg;
-    ASSERT_EQ(zantLogReadCfg(kProduct, 112, &cfg), 0U);
+    ASSERT_EQ(zantLogReadCfg(kProduct, 33, &cfg), 0U);
     EXPECT_STREQ(cfg.logDirectory, "D:\\a\\");
     EXPECT_STREQ(cfg.l10nResource, "res");
     EXPECT_EQ(cfg.debugLevel, 0U);
