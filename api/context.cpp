@@ -13,6 +13,9 @@ namespace {
 uint32_t buildTitleObject(zantLis *lis, uint32_t selector, uint32_t msgid, const char *fmt, va_list args) {
     const int32_t built =
         msgid != 0 ? zantLisVEx(lis, selector, msgid, fmt, args) : zantLisTextV(lis, fmt, args);
+    if (built != ZANTLIS_OK) {
+        *lis = zantLis{}; // an object that was not built is nothing to free
+    }
     return zantLogMapLisResToLoggingRes(built);
 }
 

@@ -172,7 +172,11 @@ int32_t reportTextMessage(zantLogHandle &handle, zantLogMsgRec &rec) {
     if (secureEvents(handle)) {
         securePrefix(handle, rec, prefix);
     }
-    const OwnedWideText wide = widenJoined(prefix, text ? text.get() : "");
+    OwnedWideText wide = widenJoined(prefix, text ? text.get() : "");
+    const bool whole = wide != nullptr;
+    if (!whole) {
+        wide = widenJoined(prefix, "");
+    }
     const wchar_t *string = wide ? wide.get() : L"";
     if (report(handle, rec, 0, 1, &string) != ZANTLOG_OS_OK) {
         return ZANTLOG_OS_FAILED;
@@ -180,7 +184,7 @@ int32_t reportTextMessage(zantLogHandle &handle, zantLogMsgRec &rec) {
     if (formatResult != ZANTLOG_OK) {
         return static_cast<int32_t>(formatResult);
     }
-    return static_cast<int32_t>(wide ? ZANTLOG_OK : ZANTLOG_FAILURE);
+    return static_cast<int32_t>(whole ? ZANTLOG_OK : ZANTLOG_FAILURE);
 }
 
 } // namespace

@@ -26,6 +26,9 @@ constexpr size_t kErrorReserve = 10;
 
 constexpr size_t kLongestDouble = 352; // DBL_MAX has 309 digits before the point
 
+// Objects within objects: deeper ones, or one that holds itself, would end the caller's stack.
+constexpr int kDeepestNesting = 1000;
+
 // One of the two passes over an object: without a buffer it adds up reserves, with one it appends and cuts.
 class Pass {
 public:
@@ -56,7 +59,7 @@ private:
 
 enum class Outcome { Rendered, UnknownKind, Failed };
 
-bool renderObject(Pass &pass, const zantLis *lis);
+bool renderObject(Pass &pass, const zantLis *lis, int depth);
 
 void addPiece(Pass &pass, size_t reserve, const char *piece, size_t length) {
     if (pass.measuring()) {
@@ -199,12 +202,13 @@ bool addDateTime(Pass &pass, const zantLisArgIter *iter) {
     return true;
 }
 
-bool addNested(Pass &pass, const zantLisArgIter *iter) {
+// `depth` is that of the object around it.
+bool addNested(Pass &pass, const zantLisArgIter *iter, int depth) {
     zantLis nested = {};
-    if (zantLisGetArg_lis(iter, &nested) != ZANTLIS_OK) {
+    if (depth == kDeepestNesting || zantLisGetArg_lis(iter, &nested) != ZANTLIS_OK) {
         return false;
     }
-    return renderObject(pass, &nested);
+    return renderObject(pass, &nested, depth + 1);
 }
 
 bool addString(Pass &pass, const zantLisArgIter *iter,
@@ -217,7 +221,7 @@ bool addString(Pass &pass, const zantLisArgIter *iter,
     return true;
 }
 
-Outcome addArgument(Pass &pass, const zantLisArgIter *iter) {
+Outcome addArgument(Pass &pass, const zantLisArgIter *iter, int depth) {
     int32_t kind = 0;
     if (zantLisGetArgTypeId(iter, &kind) != ZANTLIS_OK) {
         return Outcome::Failed;
@@ -242,7 +246,7 @@ Outcome addArgument(Pass &pass, const zantLisArgIter *iter) {
     case ZANTLIS_DATE_TIME:
         return outcome(addDateTime(pass, iter));
     case ZANTLIS_NESTED:
-        return outcome(addNested(pass, iter));
+        return outcome(addNested(pass, iter, depth));
     case ZANTLIS_UTF8_STRING:
         return outcome(addString(pass, iter, zantLisGetArg_utf8string));
     case ZANTLIS_NATIVE_STRING:
@@ -259,9 +263,9 @@ void addMarker(Pass &pass, uint32_t textId) {
     addPiece(pass, kMarkerReserve, marker, text.length());
 }
 
-// False when an argument cannot be read or converted. An argument of a kind that is not known ends the object
-// there.
-bool renderObject(Pass &pass, const zantLis *lis) {
+// False when an argument cannot be read or converted, or objects nest too deep. An argument of a kind that is
+// not known ends the object there.
+bool renderObject(Pass &pass, const zantLis *lis, int depth) {
     uint32_t textId = 0;
     if (zantLisGetTextId(lis, &textId) != ZANTLIS_OK) {
         return false;
@@ -277,7 +281,7 @@ bool renderObject(Pass &pass, const zantLis *lis) {
         if (!first && textId != 0) {
             addPiece(pass, 1, ",", 1);
         }
-        const Outcome outcome = addArgument(pass, &iter);
+        const Outcome outcome = addArgument(pass, &iter, depth);
         if (outcome != Outcome::Rendered) {
             return outcome == Outcome::UnknownKind;
         }
@@ -321,14 +325,14 @@ void strncatlis(char *buffer, size_t *size, zantLis *lis) {
     }
     if (buffer == nullptr) {
         Pass measuring;
-        *size = renderObject(measuring, lis) ? measuring.size() : kRenderingFailed;
+        *size = renderObject(measuring, lis, 0) ? measuring.size() : kRenderingFailed;
         return;
     }
     if (*size == kRenderingFailed) {
         return; // the measure of an object that cannot be rendered is no capacity
     }
     Pass appending(buffer, *size);
-    if (!renderObject(appending, lis)) {
+    if (!renderObject(appending, lis, 0)) {
         *size = kRenderingFailed;
     }
 }

@@ -1,5 +1,5 @@
-// What one application message costs from the entry point to the file, against the bare sequence of system calls that an
-// append under a named mutex cannot do without. Both take turns in one run.
+// What one application message costs from the entry point to the file, against the bare sequence of system
+// calls that an append under a named mutex cannot do without. Both take turns in one run.
 //
 //   append_bench             one thread, size rollover off and on, four threads, four processes
 //   append_bench --child N   logs N messages (used for the four processes)
@@ -29,7 +29,8 @@ std::string directory;
 
 void writeFile(const std::string &path, const std::string &text) {
     FILE *file = std::fopen(path.c_str(), "w");
-    if (file == nullptr) fail(path.c_str(), GetLastError());
+    if (file == nullptr)
+        fail(path.c_str(), GetLastError());
     std::fputs(text.c_str(), file);
     std::fclose(file);
 }
@@ -43,7 +44,8 @@ void makeStore() {
     const std::string product = directory + "product.conf";
     const std::string location = directory + "products.conf";
     writeFile(location, "12.Configuration=" + product + "\n12.Names=bench\n");
-    writeFile(product, "Default.LogDirectory=" + directory + "logs\n4.RolloverMode=FileSize\n4.MaxLogFileSizeKB=1048576\n");
+    writeFile(product, "Default.LogDirectory=" + directory +
+                           "logs\n4.RolloverMode=FileSize\n4.MaxLogFileSizeKB=1048576\n");
     SetEnvironmentVariableA("ZANTLOG_CFG_LOC", location.c_str());
 }
 
@@ -51,7 +53,8 @@ struct Handle {
     zantLogHandle handle{};
     explicit Handle(uint32_t originator) {
         const uint32_t result = zantLogOpen(kProduct, originator, &handle);
-        if (result != 0) fail("zantLogOpen", result);
+        if (result != 0)
+            fail("zantLogOpen", result);
     }
     ~Handle() { zantLogClose(&handle); }
     Handle(const Handle &) = delete;
@@ -60,20 +63,22 @@ struct Handle {
     void log(uint32_t calls) {
         for (uint32_t call = 0; call < calls; ++call) {
             const uint32_t result = zantLogAppMsg(&handle, 0, 1, 4711, "%u of %s", 5U, "C:");
-            if (result != 0) fail("zantLogAppMsg", result);
+            if (result != 0)
+                fail("zantLogAppMsg", result);
         }
     }
 };
 
 // The system calls alone, on a file and a mutex of the same kind.
 class BareAppend {
-  public:
+public:
     BareAppend() {
         const std::string path = directory + "logs\\bare.log";
         mutex_ = CreateMutexA(nullptr, FALSE, "zantlog-bench-bare");
-        file_ = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
-                            FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file_ == INVALID_HANDLE_VALUE) fail("bare open", GetLastError());
+        file_ = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                            OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file_ == INVALID_HANDLE_VALUE)
+            fail("bare open", GetLastError());
     }
     ~BareAppend() {
         CloseHandle(file_);
@@ -88,7 +93,8 @@ class BareAppend {
             WaitForSingleObject(mutex_, INFINITE);
             SetFilePointer(file_, 0, nullptr, FILE_END);
             DWORD written = 0;
-            if (!WriteFile(file_, kLine, sizeof kLine - 1, &written, nullptr)) fail("bare write", GetLastError());
+            if (!WriteFile(file_, kLine, sizeof kLine - 1, &written, nullptr))
+                fail("bare write", GetLastError());
             SYSTEMTIME now;
             GetSystemTime(&now);
             FILETIME stamp;
@@ -98,7 +104,7 @@ class BareAppend {
         }
     }
 
-  private:
+private:
     HANDLE mutex_;
     HANDLE file_;
 };
@@ -117,7 +123,8 @@ double fourThreads() {
             handle.log(kMessagesAWorker);
         });
     }
-    for (std::thread &thread : threads) thread.join();
+    for (std::thread &thread : threads)
+        thread.join();
     return microsecondsEach(start, kWorkers * kMessagesAWorker);
 }
 
@@ -133,13 +140,15 @@ double fourProcesses() {
         STARTUPINFOA startup{};
         startup.cb = sizeof startup;
         PROCESS_INFORMATION process;
-        if (!CreateProcessA(self, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
+        if (!CreateProcessA(self, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                            &process)) {
             fail("child", GetLastError());
         }
         CloseHandle(process.hThread);
         child = process.hProcess;
     }
-    for (uint32_t worker = 0; worker < kWorkers; ++worker) WaitForSingleObject(ready, INFINITE);
+    for (uint32_t worker = 0; worker < kWorkers; ++worker)
+        WaitForSingleObject(ready, INFINITE);
     const auto start = std::chrono::steady_clock::now();
     SetEvent(go);
     WaitForMultipleObjects(kWorkers, children, TRUE, INFINITE);
@@ -147,7 +156,8 @@ double fourProcesses() {
     for (HANDLE child : children) {
         DWORD code = 1;
         GetExitCodeProcess(child, &code);
-        if (code != 0) fail("a child", code);
+        if (code != 0)
+            fail("a child", code);
         CloseHandle(child);
     }
     CloseHandle(ready);
@@ -169,7 +179,8 @@ void removeDirectory(const std::string &path) {
     WIN32_FIND_DATAA found;
     HANDLE find = FindFirstFileA((path + "*").c_str(), &found);
     if (find != INVALID_HANDLE_VALUE) {
-        do DeleteFileA((path + found.cFileName).c_str());
+        do
+            DeleteFileA((path + found.cFileName).c_str());
         while (FindNextFileA(find, &found));
         FindClose(find);
     }

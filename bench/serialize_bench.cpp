@@ -1,4 +1,5 @@
-// What a record line costs to build, against the same line put together by other means. Runs natively and under Wine.
+// What a record line costs to build, against the same line put together by other means. Runs natively and
+// under Wine.
 #include <cinttypes>
 #include <cstdlib>
 #include <cstring>
@@ -58,18 +59,21 @@ text_msg buffer;
 }
 
 void byLibrary() {
-    if (zantLogMsgSerialize(&example.record, &buffer) != 0) fail("library");
+    if (zantLogMsgSerialize(&example.record, &buffer) != 0)
+        fail("library");
     free_text_msg(&buffer);
 }
 
 // Digits written by hand with bounds checks: the floor.
 class HandWriter {
-  public:
+public:
     void character(char c) {
-        if (at_ < sizeof line) line[at_++] = c;
+        if (at_ < sizeof line)
+            line[at_++] = c;
     }
     void bytes(const char *text, size_t length) {
-        if (length > sizeof line - at_) return;
+        if (length > sizeof line - at_)
+            return;
         std::memcpy(line + at_, text, length);
         at_ += length;
     }
@@ -87,16 +91,17 @@ class HandWriter {
     }
     [[nodiscard]] size_t length() const { return at_; }
 
-  private:
+private:
     size_t at_ = 0;
 };
 
 size_t byHand() {
     const zantLogMsgRec &record = example.record;
     HandWriter out;
-    for (const uint64_t value : {uint64_t{record.type}, uint64_t{record.productId}, uint64_t{record.originatorId},
-                                 uint64_t{record.fid}, uint64_t{record.sequence}, record.timestamp,
-                                 uint64_t{record.processId}, uint64_t{record.threadId}}) {
+    for (const uint64_t value :
+         {uint64_t{record.type}, uint64_t{record.productId}, uint64_t{record.originatorId},
+          uint64_t{record.fid}, uint64_t{record.sequence}, record.timestamp, uint64_t{record.processId},
+          uint64_t{record.threadId}}) {
         out.number(value);
         out.character(',');
     }
@@ -151,7 +156,8 @@ size_t byPrintf() {
 }
 
 void check(const char *who, size_t length) {
-    if (length != kExpectedLength || std::memcmp(line, kExpected, kExpectedLength) != 0) fail(who);
+    if (length != kExpectedLength || std::memcmp(line, kExpected, kExpectedLength) != 0)
+        fail(who);
 }
 
 void checkAll() {
@@ -159,7 +165,8 @@ void checkAll() {
     check("compiled format", byCompiledFormat());
     check("run-time format", byRunTimeFormat());
     check("snprintf", byPrintf());
-    if (zantLogMsgSerialize(&example.record, &buffer) != 0) fail("library");
+    if (zantLogMsgSerialize(&example.record, &buffer) != 0)
+        fail("library");
     std::memcpy(line, buffer.data, kExpectedLength);
     check("library", static_cast<size_t>(buffer.capacity - buffer.free));
     free_text_msg(&buffer);

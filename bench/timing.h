@@ -1,5 +1,5 @@
-// Timing for the benchmarks: contenders take turns in short rounds, so that whatever else the machine does hits them
-// alike, and the median of the rounds is what counts.
+// Timing for the benchmarks: contenders take turns in short rounds, so that whatever else the machine does
+// hits them alike, and the median of the rounds is what counts.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 namespace bench {
 
 class Contender {
-  public:
+public:
     template <typename Work> Contender(std::string name, Work work) : name_(std::move(name)), work_(work) {}
 
     void runRound(uint32_t calls) {
@@ -32,7 +32,7 @@ class Contender {
         return sorted[sorted.size() / 2];
     }
 
-  private:
+private:
     std::string name_;
     std::function<void(uint32_t)> work_;
     std::vector<double> rounds_;
@@ -40,9 +40,11 @@ class Contender {
 
 // Runs all contenders `rounds` times in turn, `calls` calls each, after one round that does not count.
 inline void race(std::vector<Contender> &contenders, uint32_t rounds, uint32_t calls) {
-    for (Contender &contender : contenders) contender.runRound(calls);
+    for (Contender &contender : contenders)
+        contender.runRound(calls);
     for (uint32_t round = 0; round < rounds; ++round) {
-        for (Contender &contender : contenders) contender.runRound(calls);
+        for (Contender &contender : contenders)
+            contender.runRound(calls);
     }
 }
 

@@ -96,29 +96,35 @@ bool takePrecision(const char **at, Amount *precision) {
     return !isDigit(**at) || takeNumber(at, &precision->value);
 }
 
-struct ModifierSpelling {
-    const char *text;
-    LengthModifier modifier;
-};
+LengthModifier takeCharacters(const char **at, int count, LengthModifier modifier) {
+    *at += count;
+    return modifier;
+}
 
-// "long" has 32 bits on Windows, for callers of every build. The longer spellings stand before their
-// beginnings.
-constexpr ModifierSpelling kModifiers[] = {
-    {"hh", LengthModifier::charSize}, {"h", LengthModifier::shortSize}, {"ll", LengthModifier::bits64},
-    {"l", LengthModifier::longSize},  {"I64", LengthModifier::bits64},  {"I32", LengthModifier::bits32},
-    {"I", LengthModifier::bits64},    {"j", LengthModifier::bits64},    {"z", LengthModifier::bits64},
-    {"t", LengthModifier::bits64},    {"w", LengthModifier::wide},
-};
-
+// "long" has 32 bits on Windows, for callers of every build.
 LengthModifier takeModifier(const char **at) {
-    for (const ModifierSpelling &spelling : kModifiers) {
-        const size_t length = std::strlen(spelling.text);
-        if (std::strncmp(*at, spelling.text, length) == 0) {
-            *at += length;
-            return spelling.modifier;
+    const char *text = *at;
+    switch (text[0]) {
+    case 'h':
+        return text[1] == 'h' ? takeCharacters(at, 2, LengthModifier::charSize)
+                              : takeCharacters(at, 1, LengthModifier::shortSize);
+    case 'l':
+        return text[1] == 'l' ? takeCharacters(at, 2, LengthModifier::bits64)
+                              : takeCharacters(at, 1, LengthModifier::longSize);
+    case 'I':
+        if (text[1] == '3' && text[2] == '2') {
+            return takeCharacters(at, 3, LengthModifier::bits32);
         }
+        return takeCharacters(at, text[1] == '6' && text[2] == '4' ? 3 : 1, LengthModifier::bits64);
+    case 'j':
+    case 'z':
+    case 't':
+        return takeCharacters(at, 1, LengthModifier::bits64);
+    case 'w':
+        return takeCharacters(at, 1, LengthModifier::wide);
+    default:
+        return LengthModifier::none;
     }
-    return LengthModifier::none;
 }
 
 bool setInteger(Conversion *conversion, ConversionKind kind, LengthModifier modifier) {

@@ -1,5 +1,6 @@
-/* Reads log files back: counts the records of each process, shows the first and the last record of each file, and,
- * with -o DIRECTORY, writes the texts of each process, in the order of the files, to DIRECTORY\<process id>.txt.
+/* Reads log files back: counts the records of each process, shows the first and the last record of each file,
+ * and, with -o DIRECTORY, writes the texts of each process, in the order of the files, to DIRECTORY\<process
+ * id>.txt.
  *
  *   read_log [-o DIRECTORY] FILE...
  */
@@ -23,9 +24,11 @@ static const char *textDirectory;
 
 static Process *findProcess(unsigned long id) {
     for (int i = 0; i < processCount; ++i) {
-        if (processes[i].id == id) return &processes[i];
+        if (processes[i].id == id)
+            return &processes[i];
     }
-    if (processCount == MAX_PROCESSES) return NULL;
+    if (processCount == MAX_PROCESSES)
+        return NULL;
     Process *process = &processes[processCount++];
     process->id = id;
     if (textDirectory != NULL) {
@@ -40,15 +43,17 @@ static Process *findProcess(unsigned long id) {
 static const char *takeText(const char **at, const char *end, size_t *length) {
     char *after = NULL;
     *length = strtoul(*at, &after, 10);
-    if (after == *at || *after != ':' || *length > (size_t)(end - after - 1)) return NULL;
+    if (after == *at || *after != ':' || *length > (size_t)(end - after - 1))
+        return NULL;
     const char *text = after + 1;
     *at = text + *length;
-    if (*at < end && **at == ',') ++*at;
+    if (*at < end && **at == ',')
+        ++*at;
     return text;
 }
 
-/* A record begins with eight numbers (a log set's with six); process id and thread id are the last two of them,
- * context token and text follow. */
+/* A record begins with eight numbers (a log set's with six); process id and thread id are the last two of
+ * them, context token and text follow. */
 static int countRecord(const char *record, size_t length, int numbers) {
     const char *at = record;
     const char *end = record + length;
@@ -56,14 +61,17 @@ static int countRecord(const char *record, size_t length, int numbers) {
     for (int i = 0; i < numbers; ++i) {
         char *after = NULL;
         value[i] = strtoul(at, &after, 10);
-        if (after == at || *after != ',') return 0;
+        if (after == at || *after != ',')
+            return 0;
         at = after + 1;
     }
     size_t textLength = 0;
-    if (takeText(&at, end, &textLength) == NULL) return 0;
+    if (takeText(&at, end, &textLength) == NULL)
+        return 0;
     const char *text = takeText(&at, end, &textLength);
     Process *process = text != NULL ? findProcess(value[numbers - 2]) : NULL;
-    if (process == NULL) return 0;
+    if (process == NULL)
+        return 0;
     ++process->records;
     if (process->texts != NULL) {
         fwrite(text, 1, textLength, process->texts);
@@ -72,7 +80,9 @@ static int countRecord(const char *record, size_t length, int numbers) {
     return 1;
 }
 
-static void showRecord(const char *label, const char *record) { printf("    %s %.150s\n", label, record); }
+static void showRecord(const char *label, const char *record) {
+    printf("    %s %.150s\n", label, record);
+}
 
 /* Reads one file; returns 0 when its header is readable and every record is whole. */
 static int readFile(const char *path) {
@@ -97,16 +107,20 @@ static int readFile(const char *path) {
     for (;;) {
         init_text_msg(&record);
         got = readrecord(&file, &record);
-        if (got != 1) break;
+        if (got != 1)
+            break;
         const size_t length = (size_t)(record.capacity - record.free) - 1;
-        if (!countRecord(record.data, length, header.version == ZANTLOG_FORMAT_LOGSET ? 6 : 8)) ++damaged;
-        if (records++ == 0) showRecord("first:", record.data);
+        if (!countRecord(record.data, length, header.version == ZANTLOG_FORMAT_LOGSET ? 6 : 8))
+            ++damaged;
+        if (records++ == 0)
+            showRecord("first:", record.data);
         zantLogFree(last);
         last = zantLogSafeStrdup(record.data);
         free_text_msg(&record);
     }
     free_text_msg(&record);
-    if (last != NULL) showRecord("last: ", last);
+    if (last != NULL)
+        showRecord("last: ", last);
     printf("    %lu records, %lu damaged\n", records, damaged);
     zantLogFree(last);
     zantLogOs_close(&file);
@@ -124,10 +138,12 @@ int main(int argc, char **argv) {
         fprintf(stderr, "usage: read_log [-o DIRECTORY] FILE...\n");
         return 2;
     }
-    for (int i = first; i < argc; ++i) failed |= readFile(argv[i]);
+    for (int i = first; i < argc; ++i)
+        failed |= readFile(argv[i]);
     for (int i = 0; i < processCount; ++i) {
         printf("  process %lu: %lu records\n", processes[i].id, processes[i].records);
-        if (processes[i].texts != NULL && fclose(processes[i].texts) != 0) failed = 1;
+        if (processes[i].texts != NULL && fclose(processes[i].texts) != 0)
+            failed = 1;
     }
     return failed;
 }

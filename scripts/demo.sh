@@ -10,7 +10,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$root/build/windows-release
 work=$root/build/demo
 input=${1:-/var/log/dpkg.log}
-maximum_kb=64
+maximum_kb=256
 maximum_lines=4000
 
 say() { printf '\n== %s\n' "$*"; }
@@ -28,7 +28,11 @@ build_everything() {
     "$root/scripts/setup.sh"
     cd "$root"
     cmake --preset windows-release >"$root/build/configure.log" || { cat "$root/build/configure.log" >&2; exit 1; }
-    cmake --build --preset windows-release --target qzlogger read_log
+    echo "building the library and its tools"
+    cmake --build --preset windows-release --target qzlogger read_log >"$root/build/demo-build.log" || {
+        tail -n 30 "$root/build/demo-build.log" >&2
+        exit 1
+    }
 }
 
 # The lines to log: those of the input that hold something, so that a line is a message.
@@ -37,7 +41,7 @@ take_input() {
         echo "demo: $input is missing or empty; name a text file: scripts/demo.sh FILE" >&2
         exit 2
     fi
-    grep -a -v '^[[:space:]]*$' "$input" | tr -d '\r\000' | head -n "$maximum_lines" >"$work/input.txt"
+    tr -d '\r\000' <"$input" | awk -v most="$maximum_lines" '/[^[:space:]]/ && ++lines <= most' >"$work/input.txt"
 }
 
 # A store says where the configuration of each product is; this one registers product 12.

@@ -20,4 +20,6 @@ void useCodePageOfUser();
 std::string utf8FromCodePage(const std::string &text);
 std::string codePageFromUtf8(const std::string &text);
 
+std::wstring wideFromUtf8(const std::string &text);
+
 } // namespace zantlog::tools

@@ -68,4 +68,8 @@ std::string codePageFromUtf8(const std::string &text) {
     return convert(CP_UTF8, CP_ACP, text);
 }
 
+std::wstring wideFromUtf8(const std::string &text) {
+    return text.empty() ? std::wstring() : widen(CP_UTF8, text);
+}
+
 } // namespace zantlog::tools

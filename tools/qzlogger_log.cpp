@@ -86,27 +86,45 @@ uint32_t Log::close() {
 uint32_t Log::send(const std::string &text, uint32_t index) {
     const uint32_t sequence = options_.sequence.value_or(0) + index;
     const uint32_t flags = options_.outputFlags | (options_.sequence ? 0U : uint32_t{ZANTLOG_AUTO_SEQUENCE});
-    const char *message = text.c_str();
+    return options_.messageId != 0 ? sendCatalogMessage(wideFromUtf8(text).c_str(), sequence, flags)
+                                   : sendText(text.c_str(), sequence, flags);
+}
+
+uint32_t Log::sendText(const char *text, uint32_t sequence, uint32_t flags) {
     switch (options_.family) {
     case Family::application:
-        return zantLogAppMsg2Ex(&handle_, sequence, flags, options_.severity, options_.who.c_str(),
-                                options_.messageId, "%s", message);
+        return zantLogAppMsg2Ex(&handle_, sequence, flags, options_.severity, options_.who.c_str(), 0, "%s",
+                                text);
     case Family::diagnostic:
-        return zantLogDiagMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(),
-                               options_.messageId, "%s", message);
+        return zantLogDiagMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(), 0, "%s",
+                               text);
     case Family::debug:
-        return zantLogDebugMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(), "%s",
-                                message);
-    case Family::audit:
-        return zantLogAuditMsg2(&handle_, sequence, flags, options_.subject.c_str(), options_.outcome,
-                                options_.messageId, "%s", message);
-    case Family::secureAudit:
-        // The event log takes native texts.
-        return zantLogSecureAuditMsg(&handle_, options_.level, codePageFromUtf8(options_.subject).c_str(),
-                                     options_.outcome, options_.messageId, "%s",
-                                     codePageFromUtf8(text).c_str());
+        return zantLogDebugMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(), "%s", text);
+    default:
+        return ZANTLOG_INVALID_ARGUMENT;
     }
-    return ZANTLOG_INVALID_ARGUMENT;
+}
+
+// The argument is wide, because readers and the event log take narrow ones for native texts.
+uint32_t Log::sendCatalogMessage(const wchar_t *text, uint32_t sequence, uint32_t flags) {
+    const uint32_t id = options_.messageId;
+    switch (options_.family) {
+    case Family::application:
+        return zantLogAppMsg2Ex(&handle_, sequence, flags, options_.severity, options_.who.c_str(), id, "%ls",
+                                text);
+    case Family::diagnostic:
+        return zantLogDiagMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(), id, "%ls",
+                               text);
+    case Family::audit:
+        return zantLogAuditMsg2(&handle_, sequence, flags, options_.subject.c_str(), options_.outcome, id,
+                                "%ls", text);
+    case Family::secureAudit:
+        // The subject is a native text in the event log.
+        return zantLogSecureAuditMsg(&handle_, options_.level, codePageFromUtf8(options_.subject).c_str(),
+                                     options_.outcome, id, "%ls", text);
+    default:
+        return ZANTLOG_INVALID_ARGUMENT;
+    }
 }
 
 std::string Log::filterNote() {

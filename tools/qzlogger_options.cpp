@@ -200,6 +200,20 @@ void requireIds(const CLI::App &app) {
     }
 }
 
+// A "-" separates the parts of a log file's name, so the file would be written and never found again.
+void checkLogSet(const LoggerOptions &options) {
+    if (!options.logSet) {
+        return;
+    }
+    if (options.logSet->empty()) {
+        usageError("--log-set takes the name of a log set, not an empty one");
+    }
+    if (options.logSet->find('-') != std::string::npos) {
+        usageError("--log-set takes a name without \"-\", not \"" + *options.logSet +
+                   "\": log files of such names are not found again");
+    }
+}
+
 void checkText(const LoggerOptions &options) {
     if (options.text && options.from) {
         usageError("a text and --from exclude each other");
@@ -215,6 +229,7 @@ void complete(const CLI::App &app, CommandLine *line) {
     options.family = chosenFamily(app);
     checkAttributes(app, options.family);
     checkLevel(options);
+    checkLogSet(options);
     checkText(options);
     if (app.count("--level") == 0 && options.family == Family::secureAudit) {
         options.level = 0;

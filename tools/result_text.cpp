@@ -12,6 +12,9 @@ struct Explanation {
     const char *advice; // may be empty
 };
 
+// Of a secure-audit message, whose result is the event log's.
+constexpr auto kNotReported = static_cast<uint32_t>(ZANTLOG_OS_FAILED);
+
 constexpr Explanation kExplanations[] = {
     {ZANTLOG_OK, "success", ""},
     {ZANTLOG_FAILURE, "the library refused it or could not do it",
@@ -56,6 +59,8 @@ constexpr Explanation kExplanations[] = {
      "open the log for them alone"},
     {ZANTLOG_NOTHING_TO_SAVE, "there is nothing to save", ""},
     {ZANTLOG_STORE_BUSY, "the configuration file is held by another program", "try again"},
+    {kNotReported, "the event log did not take the message",
+     "check that it is running and not full, and that the event source of the configuration is registered"},
 };
 
 const Explanation *find(uint32_t result) {

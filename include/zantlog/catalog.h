@@ -156,12 +156,6 @@ ZANTLIS_API int32_t zantLisGetArgTypeId(const zantLisArgIter *iter, int32_t *typ
 ZANTLIS_API int32_t zantLisGetNextArg(zantLisArgIter *iter);
 
 /**
- * The fetchers store the value of the current argument if it is of their kind. Texts and nested objects are
- * borrowed: they live until the object is freed, and are not to be freed themselves.
- *
- * @return 0; -2 null argument, an iterator at the end, or an argument of another kind (nothing is stored)
- */
-/**
  * Stores the value of the current argument if it is a wide character (kind 0). All fetchers work alike, each
  * for its kind. Texts and nested objects are borrowed: they live until the object is freed, and are not to be
  * freed themselves.

@@ -14,6 +14,7 @@ ZANTLOG_API int32_t evalString(int32_t operatorCode, const char *a, const char *
 ZANTLOG_API uint32_t HashString(const char *text, uint32_t modulus);
 ZANTLOG_API uint32_t updateQueryForTZ(QueryNode *root, int32_t queryOffset);
 ZANTLOG_API uint32_t GetIdFromName(zantLogCfg **array, uint32_t count, uint32_t fieldCode, const char *text);
-ZANTLOG_API ContextTitle *SearchContextTitleInList(const zantLogMsgRec *context, const char *title, const char *key, ContextTitle **table);
+ZANTLOG_API ContextTitle *SearchContextTitleInList(const zantLogMsgRec *context, const char *title,
+                                                   const char *key, ContextTitle **table);
 
 ZANTLOG_END_DECLS

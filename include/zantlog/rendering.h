@@ -33,8 +33,8 @@ ZANTLOG_BEGIN_DECLS
  *
  * @param buffer  null to measure
  * @param size    out when measuring, else the buffer's capacity; all bits set after a failure (an id, a kind
- * or an argument cannot be read, a wide string has no form in the code page); then the buffer's content is of
- * no use
+ * or an argument cannot be read, a wide string has no form in the code page, objects nest more than 1000
+ * deep); then the buffer's content is of no use
  * @param lis     the object, unchanged; null fails
  */
 ZANTLOG_API void strncatlis(char *buffer, size_t *size, zantLis *lis);

@@ -97,7 +97,7 @@ TEST_F(LoggerTest, AuditMessage) {
     expectLogged({"--audit", "--message-id", "4711", "login"});
     ASSERT_EQ(records().size(), 2u);
     EXPECT_EQ(records()[0].type, 4u);
-    EXPECT_EQ(rests(), (Rests{"0:,0:,4:mary,5,(1|S5:login|)", "0:,0:,0:,0,(1|S5:login|)"}));
+    EXPECT_EQ(rests(), (Rests{"0:,0:,4:mary,5,(1|A5:login|)", "0:,0:,0:,0,(1|A5:login|)"}));
 }
 
 TEST_F(LoggerTest, SecureAuditMessagesGoToTheEventLogAlone) {
@@ -111,7 +111,12 @@ TEST_F(LoggerTest, MessageIdMakesTheTextAnArgument) {
     setting("Default", "DiagnosticLevel", "6");
     expectLogged({"--app", "--message-id", "7", "--severity", "1", "x"});
     expectLogged({"--diag", "--message-id", "7", "y"});
-    EXPECT_EQ(rests(), (Rests{"0:,0:,0:,1,(1|S1:x|)", "0:,0:,8:qzlogger,1,(1|S1:y|)"}));
+    EXPECT_EQ(rests(), (Rests{"0:,0:,0:,1,(1|A1:x|)", "0:,0:,8:qzlogger,1,(1|A1:y|)"}));
+}
+
+TEST_F(LoggerTest, ArgumentsOfCatalogMessagesDependOnNoCodePage) {
+    expectLogged({"--app", "--message-id", "7", "--from", "-"}, "\xE2\x82\xAC \xF0\x9F\x98\x80\n\n");
+    EXPECT_EQ(rests(), (Rests{"0:,0:,0:,0,(1|A8:\xE2\x82\xAC \xF0\x9F\x98\x80|)", "0:,0:,0:,0,(1|A0:|)"}));
 }
 
 TEST_F(LoggerTest, TextsAreNeverFormats) {
@@ -308,6 +313,10 @@ TEST_F(LoggerTest, WrongCommandLines) {
                      "--sequence does not go with --secure-audit");
     expectUsageError({"--secure-audit", "--message-id", "1", "--log-set", "n", "x"},
                      "--log-set does not go with --secure-audit");
+    expectUsageError({"--app", "--log-set", "night-ly", "x"},
+                     "--log-set takes a name without \"-\", not \"night-ly\"");
+    expectUsageError({"--app", "--log-set", "", "x"},
+                     "--log-set takes the name of a log set, not an empty one");
     expectUsageError({"--audit", "x"}, "--audit needs --message-id");
     expectUsageError({"--secure-audit", "x"}, "--secure-audit needs --message-id");
     expectUsageError({"--app", "--message-id", "0", "x"}, "--message-id takes a number from 1 to 4294967295");

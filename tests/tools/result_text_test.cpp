@@ -20,7 +20,13 @@ TEST(ResultText, MeaningNumberAdvice) {
     EXPECT_EQ(resultText(54), "the disk is full (result 54); make room and try again");
 }
 
+TEST(ResultText, ARefusalOfTheEventLogHasWords) {
+    EXPECT_EQ(resultText(UINT32_MAX),
+              "the event log did not take the message (result 4294967295); check that it is running and not "
+              "full, and that the event source of the configuration is registered");
+}
+
 TEST(ResultText, UnknownCodesKeepTheirNumber) {
     EXPECT_EQ(resultText(999), "the library failed in an unknown way (result 999)");
-    EXPECT_EQ(resultText(UINT32_MAX), "the library failed in an unknown way (result 4294967295)");
+    EXPECT_EQ(resultText(UINT32_MAX - 1), "the library failed in an unknown way (result 4294967294)");
 }

@@ -1,9 +1,7 @@
 // Context handles on their parent's file, and their records in each new file.
+#include "tests/support/files.h"
+#include "tests/support/machine.h"
 #include "tests/writer/writer_fixture.h"
-
-#include <chrono>
-#include <filesystem>
-#include <thread>
 
 namespace zantlog::test {
 
@@ -164,7 +162,7 @@ TEST_F(Context, FailedRolloverWritesNoContexts) {
     TestLog log(&cfg_);
     zantLogHandle context{};
     ASSERT_EQ(create(&log.handle, &context, 41), 0u);
-    std::filesystem::create_directory(folder_.file(productName(0, 1)));
+    makeFolder(folder_.file(productName(0, 1)));
     endFile(log);
     EXPECT_EQ(log.write(debugRecord(42, "x")), 5u);
     EXPECT_EQ(withoutHeader(bytes(productName(0, 0))), kContextLine);
@@ -182,7 +180,7 @@ TEST_F(Context, RecordsFollowAReopenIntoANewFileOnly) {
     log.state().startTime -= 86400; // begun on another day, and gone since
     log.state().fileDay.day = 0;
     EXPECT_EQ(zantLogOs_close(&log.state().file), 0);
-    std::filesystem::remove(folder_.file(productName(0, 0)));
+    removeFile(folder_.file(productName(0, 0)));
     EXPECT_EQ(log.write(debugRecord(43, "new file", later + 600001)), 0u);
     EXPECT_EQ(withoutHeader(onlyFile()), kContextLine + debugLine(43, "new file", later + 600001));
     EXPECT_EQ(zantLogCloseFile(&context), 0u);
@@ -196,7 +194,7 @@ TEST_F(Context, LogSetFilesGoWithout) {
     zantLogHandle context{};
     ASSERT_EQ(create(&log.handle, &context, 41), 0u);
     endFile(log);
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // the next name
+    pauseFor(1100); // the next name
     EXPECT_EQ(log.write(debugRecord(42, "x")), 0u);
     ASSERT_EQ(names().size(), 2u);
     EXPECT_EQ(linesOf(bytes(names()[0])).at(1), "3,3,41,1,4242,777,0:,11:nightly run,4:job7,(0|)");
@@ -215,6 +213,7 @@ TEST_F(Context, KeepsTheFileOpenAfterItsParent) {
     zantLogMsgRec record = debugRecord(42, "x");
     EXPECT_EQ(zantLogWriteMsgWithRolloverToFile(state, &record), 0u);
     EXPECT_EQ(zantLogCloseFile(&context), 0u);
+    log.handle.file = nullptr; // went with the last handle
 }
 
 } // namespace

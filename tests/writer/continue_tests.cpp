@@ -1,7 +1,6 @@
 // Going on with a file that exists.
+#include "tests/support/machine.h"
 #include "tests/writer/writer_fixture.h"
-
-#include <ctime>
 
 namespace zantlog::test {
 
@@ -61,11 +60,11 @@ TEST_F(ContinuedFile, WithoutHeaderIsLeftAtTheFirstWrite) {
         const ScopedFolder folder;
         zantLogCfg cfg = configurationFor(folder.path());
         writeFileBytes(folder.file(productName(0, 3)), content);
-        const int64_t before = std::time(nullptr);
+        const int64_t before = secondsNow();
         TestLog log(&cfg);
         EXPECT_EQ(log.opened, 0u);
         EXPECT_GE(log.state().startTime, before); // as if it began now
-        EXPECT_LE(log.state().startTime, std::time(nullptr));
+        EXPECT_LE(log.state().startTime, secondsNow());
         EXPECT_EQ(log.write(debugRecord(1, "x")), 0u);
         EXPECT_EQ(fileBytes(folder.file(productName(0, 3))), content);
         EXPECT_EQ(withoutHeader(fileBytes(folder.file(productName(0, 4)))), debugLine(1, "x"));

@@ -1,9 +1,9 @@
 // Copying and deleting log files.
+#include "tests/support/files.h"
 #include "tests/support/log_folder.h"
 #include "tests/support/test_folder.h"
 #include "zantlog/log_file.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace zantlog::test {
@@ -13,8 +13,8 @@ namespace {
 class FileCopy : public testing::Test {
 protected:
     FileCopy() {
-        std::filesystem::create_directory(from_);
-        std::filesystem::create_directory(to_);
+        makeFolder(from_);
+        makeFolder(to_);
     }
 
     ScopedFolder folder_;
@@ -72,11 +72,11 @@ TEST_F(FileCopy, DirectoryMayEndInASeparator) {
 
 TEST_F(FileCopy, MissingSourceCannotBeOpened) {
     EXPECT_EQ(zantLogCopyFile(source_.c_str(), to_.c_str()), 32u);
-    EXPECT_FALSE(std::filesystem::exists(copy_));
+    EXPECT_FALSE(fileExists(copy_));
 }
 
 TEST_F(FileCopy, DirectoryAsSourceCannotBeOpened) {
-    std::filesystem::create_directory(source_);
+    makeFolder(source_);
     EXPECT_EQ(zantLogCopyFile(source_.c_str(), to_.c_str()), 32u);
 }
 
@@ -87,7 +87,7 @@ TEST_F(FileCopy, MissingDirectoryIsDenied) {
 
 TEST_F(FileCopy, DirectoryUnderTheDestinationsNameIsDenied) {
     writeFileBytes(source_, "x");
-    std::filesystem::create_directory(copy_);
+    makeFolder(copy_);
     EXPECT_EQ(zantLogCopyFile(source_.c_str(), to_.c_str()), 47u);
 }
 
@@ -104,11 +104,11 @@ TEST_F(FileCopy, SourceIsNotCopiedOntoItself) {
 }
 
 TEST_F(FileCopy, SourceWithoutSeparatorJoinsTheDirectorysLastName) {
-    const std::filesystem::path former = std::filesystem::current_path();
-    std::filesystem::current_path(from_);
+    const std::string former = currentFolder();
+    setCurrentFolder(from_);
     writeFileBytes("a.log", "x");
     EXPECT_EQ(zantLogCopyFile("a.log", folder_.file("to\\prefix_").c_str()), 0u);
-    std::filesystem::current_path(former);
+    setCurrentFolder(former);
     EXPECT_EQ(fileBytes(folder_.file("to\\prefix_a.log")), "x");
 }
 
@@ -124,8 +124,8 @@ TEST_F(FileCopy, FileThatIsOpenForWritingCanBeCopied) {
 TEST_F(FileCopy, LeavesNothingOpen) {
     writeFileBytes(source_, "x");
     EXPECT_EQ(zantLogCopyFile(source_.c_str(), to_.c_str()), 0u);
-    EXPECT_TRUE(std::filesystem::remove(source_));
-    EXPECT_TRUE(std::filesystem::remove(copy_));
+    EXPECT_TRUE(removeFile(source_));
+    EXPECT_TRUE(removeFile(copy_));
 }
 
 TEST_F(FileCopyEx, NullArgumentIsRefused) {
@@ -165,7 +165,7 @@ TEST_F(FileDeletion, DeletesInSilence) {
     EXPECT_EQ(zantLogDeleteFile(source_.c_str()), 0u);
     std::fflush(stdout);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_FALSE(std::filesystem::exists(source_));
+    EXPECT_FALSE(fileExists(source_));
 }
 
 TEST_F(FileDeletion, FailureIsPrintedAndSucceeds) {

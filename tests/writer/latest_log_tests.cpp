@@ -2,8 +2,7 @@
 #include "tests/writer/writer_fixture.h"
 
 #include "base/owned_text.h"
-
-#include <filesystem>
+#include "tests/support/files.h"
 
 namespace zantlog::test {
 
@@ -152,7 +151,7 @@ TEST_F(LatestLog, OneLogSetNameWithoutADateEndsTheSearch) {
          {"12-night-zzz.log", "12-night-.log", "12-night-2511151010.log", "12-night--251115101010.log"}) {
         put(malformed, "");
         EXPECT_EQ(logSet(), "none") << malformed;
-        std::filesystem::remove(folder_.file(malformed));
+        removeFile(folder_.file(malformed));
     }
     EXPECT_EQ(logSet(), "12-night-251115101010.log");
 }

@@ -1,6 +1,7 @@
 // docs/log-format.md says what the library does: its examples are made again, or read.
 #include "logfile/format/file_header.h"
 #include "logfile/format/file_name.h"
+#include "tests/support/document.h"
 #include "tests/writer/writer_fixture.h"
 #include "zantlog/serialization.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 // Contents of the document's fenced blocks of one kind, without their last line feeds.
 std::vector<std::string> blocks(const std::string &kind) {
-    const std::string document = fileBytes(std::string(ZANTLOG_SOURCE_FOLDER) + "/docs/log-format.md");
+    const std::string document = documentText("docs/log-format.md");
     const std::string opening = "\n```" + kind + "\n";
     std::vector<std::string> found;
     for (size_t at = document.find(opening); at != std::string::npos; at = document.find(opening, at)) {
@@ -24,8 +25,7 @@ std::vector<std::string> blocks(const std::string &kind) {
 }
 
 bool documentSays(const std::string &text) {
-    return fileBytes(std::string(ZANTLOG_SOURCE_FOLDER) + "/docs/log-format.md").find(text) !=
-           std::string::npos;
+    return documentText("docs/log-format.md").find(text) != std::string::npos;
 }
 
 std::string serialized(zantLogMsgRec record) {

@@ -1,8 +1,8 @@
 // Opening and closing: the first file, the handle's fields, results.
+#include "tests/support/files.h"
+#include "tests/support/machine.h"
 #include "tests/writer/writer_fixture.h"
 
-#include <ctime>
-#include <filesystem>
 #include <regex>
 
 namespace zantlog::test {
@@ -55,9 +55,9 @@ TEST_F(OpenFile, LogSetWithoutANameIsRefused) {
 }
 
 TEST_F(OpenFile, NewFileHoldsItsHeaderLine) {
-    const int64_t before = std::time(nullptr);
+    const int64_t before = secondsNow();
     const TestLog log(&cfg_);
-    const int64_t after = std::time(nullptr);
+    const int64_t after = secondsNow();
     ASSERT_EQ(log.opened, 0u);
 
     std::smatch fields;
@@ -132,7 +132,7 @@ TEST_F(OpenFile, NameThatTheSystemRefusesCannotBeOpened) {
 }
 
 TEST_F(OpenFile, DirectoryUnderTheNameOfTheFileIsDenied) {
-    std::filesystem::create_directory(folder_.file(productName(0, 0)));
+    makeFolder(folder_.file(productName(0, 0)));
     const TestLog log(&cfg_);
     EXPECT_EQ(log.opened, 51u);
 }
@@ -147,9 +147,9 @@ TEST_F(OpenFile, HandleTakesItsFieldsFromTheFirstConfiguration) {
     handleCfg.secureAuditLevel = 7;
     TestLog log;
     log.handle.sequence = 99;
-    const int64_t before = std::time(nullptr);
+    const int64_t before = secondsNow();
     ASSERT_EQ(log.open(&handleCfg, &cfg_), 0u);
-    const int64_t after = std::time(nullptr);
+    const int64_t after = secondsNow();
 
     EXPECT_EQ(log.handle.debugLevel, 4);
     EXPECT_EQ(log.handle.diagLevel, 6);
@@ -208,10 +208,9 @@ TEST_F(CloseFile, HandleThatIsNotAttachedIsRefused) {
 TEST_F(CloseFile, LastHandleClosesTheFile) {
     TestLog log(&cfg_);
     const std::string path = folder_.file(names().at(0));
-    std::error_code error;
-    EXPECT_FALSE(std::filesystem::remove(path, error));
+    EXPECT_FALSE(removeFile(path));
     EXPECT_EQ(zantLogCloseFile(&log.handle), 0u);
-    EXPECT_TRUE(std::filesystem::remove(path, error));
+    EXPECT_TRUE(removeFile(path));
 }
 
 TEST_F(CloseFile, SecondCloseIsRefused) {

@@ -1,10 +1,7 @@
 // The reopen after ten minutes, judged by the messages' own times.
+#include "tests/support/files.h"
+#include "tests/support/machine.h"
 #include "tests/writer/writer_fixture.h"
-
-#include <chrono>
-#include <ctime>
-#include <filesystem>
-#include <thread>
 
 namespace zantlog::test {
 
@@ -64,7 +61,7 @@ TEST_F(Reopen, FarthestMessageCausesItOnce) {
 TEST_F(Reopen, BeginsNumberZeroOnANewDay) {
     put(productName(-1, 6), headerBegun(86400));
     TestLog log(&cfg_);
-    const auto now = static_cast<uint64_t>(std::time(nullptr)) * 1000;
+    const auto now = static_cast<uint64_t>(secondsNow()) * 1000;
     EXPECT_EQ(log.write(debugRecord(1, "a", now)), 0u);
     EXPECT_EQ(withoutHeader(bytes(productName(-1, 6))), "");
     EXPECT_EQ(withoutHeader(bytes(productName(0, 0))), debugLine(1, "a", now));
@@ -75,7 +72,7 @@ TEST_F(Reopen, MakesAFileThatHasGoneAgain) {
     TestLog log(&cfg_);
     const std::string path = folder_.file(productName(0, 0));
     ASSERT_EQ(zantLogOs_close(&log.state().file), 0);
-    ASSERT_TRUE(std::filesystem::remove(path));
+    ASSERT_TRUE(removeFile(path));
     const uint64_t later = after(log.state(), 600001);
     EXPECT_EQ(log.write(debugRecord(1, "a", later)), 0u);
     EXPECT_EQ(withoutHeader(onlyFile()), debugLine(1, "a", later));
@@ -85,11 +82,11 @@ TEST_F(Reopen, ThatFailsFailsTheWriteAndWaitsTenMinutes) {
     TestLog log(&cfg_);
     const std::string path = folder_.file(productName(0, 0));
     ASSERT_EQ(zantLogOs_close(&log.state().file), 0);
-    ASSERT_TRUE(std::filesystem::remove(path));
-    ASSERT_TRUE(std::filesystem::create_directory(path));
+    ASSERT_TRUE(removeFile(path));
+    ASSERT_TRUE(makeFolder(path));
     const uint64_t later = after(log.state(), 600001);
     EXPECT_EQ(log.write(debugRecord(1, "a", later)), 5u);
-    ASSERT_TRUE(std::filesystem::remove(path));
+    ASSERT_TRUE(removeFile(path));
     EXPECT_EQ(log.write(debugRecord(2, "b", later)), 5u);
     EXPECT_EQ(log.write(debugRecord(3, "c", later + 600001)), 0u);
     EXPECT_EQ(withoutHeader(onlyFile()), debugLine(3, "c", later + 600001));
@@ -102,11 +99,11 @@ TEST_F(Reopen, LeavesAFileWithoutHeaderForTheNextOne) {
     zantLogHandle context{};
     context.context = contextRecord(41, token);
     ASSERT_EQ(zantLogCreateContextToFile(&log.handle, &context, &context.context), 0u);
-    std::filesystem::create_directory(folder_.file(productName(0, 1)));
+    makeFolder(folder_.file(productName(0, 1)));
     log.state().version = 0;
     const uint64_t later = after(log.state(), 600001);
     EXPECT_EQ(log.write(debugRecord(42, "lost")), 5u);
-    std::filesystem::remove(folder_.file(productName(0, 1)));
+    removeFile(folder_.file(productName(0, 1)));
     put(productName(0, 1), "");
     log.state().version = 65543;
 
@@ -123,7 +120,7 @@ TEST_F(Reopen, OfALogSetBeginsANewFile) {
     cfg_.isLogSet = 1;
     cfg_.logSetName = name;
     TestLog log(&cfg_);
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    pauseFor(1100);
     const uint64_t later = after(log.state(), 600001);
     EXPECT_EQ(log.write(debugRecord(1, "a", later)), 0u);
     ASSERT_EQ(names().size(), 2u);

@@ -1,12 +1,11 @@
 // When a file is left, and for which next one.
 #include "logfile/writer/rollover.h"
 
+#include "tests/support/files.h"
+#include "tests/support/machine.h"
 #include "tests/writer/writer_fixture.h"
 
 #include <chrono>
-#include <ctime>
-#include <filesystem>
-#include <thread>
 
 namespace zantlog::test {
 
@@ -25,7 +24,7 @@ void limitSize(zantLogCfg *cfg, uint32_t kb) {
 }
 
 void sleepSeconds(double seconds) {
-    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+    pauseFor(static_cast<uint32_t>(seconds * 1000));
 }
 
 // A file with a header that has so many bytes in all.
@@ -64,7 +63,7 @@ TEST_F(RolloverDecision, SizeNeedsItsModeALimitAndAFile) {
 
 TEST_F(RolloverDecision, TimeIsDueFromItsVerySecond) {
     const TestLog log(&cfg_);
-    const int64_t now = std::time(nullptr);
+    const int64_t now = secondsNow();
     for (const uint32_t mode : {kLocalTime, kPeriodic, kLocalTime | kSize, kPeriodic | kSize}) {
         log.state().rolloverMode = mode;
         log.state().nextRollover = now;
@@ -206,7 +205,7 @@ TEST_F(Rollover, FollowingFileWithoutHeaderIsPassedBy) {
 TEST_F(Rollover, FailedCreateFailsTheWritesAndOverwritesNothing) {
     limitSize(&cfg_, 1);
     TestLog log(&cfg_);
-    std::filesystem::create_directory(folder_.file(productName(0, 1)));
+    makeFolder(folder_.file(productName(0, 1)));
     const std::string text(900, 'y');
     EXPECT_EQ(log.write(debugRecord(1, text.c_str())), 0u);
     EXPECT_EQ(log.write(debugRecord(2, text.c_str())), 5u);
@@ -219,11 +218,11 @@ TEST_F(Rollover, FailedCreateFailsTheWritesAndOverwritesNothing) {
 TEST_F(Rollover, FailedCreateIsMadeUpForByTheReopen) {
     limitSize(&cfg_, 1);
     TestLog log(&cfg_);
-    std::filesystem::create_directory(folder_.file(productName(0, 1)));
+    makeFolder(folder_.file(productName(0, 1)));
     const std::string text(900, 'y');
     EXPECT_EQ(log.write(debugRecord(1, text.c_str())), 0u);
     EXPECT_EQ(log.write(debugRecord(2, text.c_str())), 5u);
-    std::filesystem::remove(folder_.file(productName(0, 1)));
+    removeFile(folder_.file(productName(0, 1)));
     const auto later = static_cast<uint64_t>(log.state().lastReopen) + 600001;
     EXPECT_EQ(log.write(debugRecord(3, "again", later)), 0u);
     EXPECT_EQ(withoutHeader(bytes(productName(0, 1))), debugLine(3, "again", later));
@@ -233,8 +232,8 @@ TEST_F(Rollover, FailedCreateByTheClockIsTriedAgainWithTheNextNumber) {
     cfg_.rolloverMode = kPeriodic;
     cfg_.rolloverPeriod = 3600;
     TestLog log(&cfg_);
-    std::filesystem::create_directory(folder_.file(productName(0, 1)));
-    log.state().nextRollover = std::time(nullptr);
+    makeFolder(folder_.file(productName(0, 1)));
+    log.state().nextRollover = secondsNow();
     EXPECT_EQ(log.write(debugRecord(1, "a")), 5u);
     EXPECT_EQ(log.write(debugRecord(2, "b")), 0u);
     EXPECT_EQ(withoutHeader(bytes(productName(0, 2))), debugLine(2, "b"));
@@ -266,13 +265,13 @@ TEST_F(Rollover, PeriodThatIsNotPositiveMakesNoFiles) {
 TEST_F(Rollover, TimeOfDayEndsAFile) {
     cfg_.rolloverMode = kLocalTime;
     TestLog log(&cfg_);
-    EXPECT_GT(log.state().nextRollover, std::time(nullptr));
-    log.state().nextRollover = std::time(nullptr);
+    EXPECT_GT(log.state().nextRollover, secondsNow());
+    log.state().nextRollover = secondsNow();
     EXPECT_EQ(log.write(debugRecord(1, "a")), 0u);
     EXPECT_EQ(log.write(debugRecord(2, "b")), 0u);
     EXPECT_EQ(withoutHeader(bytes(productName(0, 0))), "");
     EXPECT_EQ(withoutHeader(bytes(productName(0, 1))), debugLine(1, "a") + debugLine(2, "b"));
-    EXPECT_GT(log.state().nextRollover, std::time(nullptr));
+    EXPECT_GT(log.state().nextRollover, secondsNow());
 }
 
 TEST_F(Rollover, FileThatIsDueAsSoonAsItIsMadeIsKept) {

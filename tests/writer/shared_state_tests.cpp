@@ -1,7 +1,6 @@
 // Several handles on one file: shared states, states of their own, and opens that fail first.
+#include "tests/support/files.h"
 #include "tests/writer/writer_fixture.h"
-
-#include <filesystem>
 
 namespace zantlog::test {
 
@@ -28,6 +27,7 @@ TEST_F(SharedState, ClosesWithItsLastHandleInEitherOrder) {
         EXPECT_EQ(zantLogCloseFile(&early.handle), 0u);
         EXPECT_EQ(late.write(debugRecord(1, "go on")), 0u);
         EXPECT_EQ(zantLogCloseFile(&late.handle), 0u);
+        early.handle.file = nullptr; // went with the last handle
     }
 }
 
@@ -206,7 +206,7 @@ TEST_F(FailedOpen, HandleThatJoinsTriesAgainForBoth) {
     zantLogCfg cfg = configurationFor(folder_.file("taken"));
     TestLog first(&cfg);
     EXPECT_EQ(first.opened, 51u);
-    std::filesystem::remove(folder_.file("taken"));
+    removeFile(folder_.file("taken"));
 
     TestLog second(&cfg);
     EXPECT_EQ(second.opened, 0u);
@@ -219,11 +219,12 @@ TEST_F(FailedOpen, HandleThatJoinsTriesAgainForBoth) {
               debugLine(1, "a") + debugLine(1, "b"));
     EXPECT_EQ(zantLogCloseFile(&first.handle), 0u);
     EXPECT_EQ(zantLogCloseFile(&second.handle), 0u);
+    first.handle.file = nullptr; // went with the last handle
 }
 
 TEST_F(FailedOpen, NextTryHasTheNextNumber) {
     // A directory under the first name: its number is used up.
-    std::filesystem::create_directory(folder_.file(productName(0, 0)));
+    makeFolder(folder_.file(productName(0, 0)));
     TestLog log(&cfg_);
     EXPECT_EQ(log.opened, 51u);
     EXPECT_EQ(log.write(debugRecord(1, "x")), 0u);

@@ -3,10 +3,10 @@
 #include "logfile/os/os_mutex.h"
 #include "logfile/writer/write_record.h"
 #include "tests/support/child_process.h"
+#include "tests/support/files.h"
+#include "tests/support/machine.h"
 #include "tests/writer/writer_fixture.h"
 
-#include <chrono>
-#include <filesystem>
 #include <memory>
 #include <thread>
 
@@ -24,7 +24,7 @@ ZANTLOG_CHILD(holdFileMutex) {
         return 1;
     }
     writeFileBytes(arguments.at(1), "");
-    std::this_thread::sleep_for(std::chrono::minutes(1));
+    pauseFor(60000);
     return 0;
 }
 
@@ -158,14 +158,14 @@ TEST_F(WriteRecord, MutexOfAKilledProcessIsTakenOver) {
     TestLog log(&cfg_);
     const std::string holding = inProcessFolder("holding");
     ChildProcess holder("holdFileMutex", {folder_.file(names().at(0)), holding});
-    while (!std::filesystem::exists(holding) && holder.running()) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    while (!fileExists(holding) && holder.running()) {
+        pauseFor(5);
     }
     ASSERT_TRUE(holder.running());
 
     uint32_t result = UINT32_MAX;
     std::thread waiting([&] { result = log.write(debugRecord(1, "x")); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    pauseFor(100);
     EXPECT_EQ(withoutHeader(onlyFile()), ""); // held up
     holder.kill();
     waiting.join();

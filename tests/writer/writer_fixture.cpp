@@ -1,9 +1,9 @@
 #include "tests/writer/writer_fixture.h"
+#include "tests/support/machine.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <regex>
 
 namespace zantlog::test {
@@ -76,7 +76,7 @@ std::string productName(int daysFromToday, uint32_t daySequence, uint32_t origin
 }
 
 std::string headerBegun(int64_t secondsAgo) {
-    return "$Header 65543,12,3," + std::to_string(std::time(nullptr) - secondsAgo) + ",-3600,buildhost\n";
+    return "$Header 65543,12,3," + std::to_string(secondsNow() - secondsAgo) + ",-3600,buildhost\n";
 }
 
 std::string withoutHeader(const std::string &content) {
