@@ -16,7 +16,7 @@ set_target_properties(zantlog_3 PROPERTIES
     LINK_DEPENDS ${def})
 target_include_directories(zantlog_3 INTERFACE ${PROJECT_SOURCE_DIR}/include)
 target_link_libraries(zantlog_3 PRIVATE zantlog_flags)
-target_link_options(zantlog_3 PRIVATE -Wl,--gc-sections)
+target_link_options(zantlog_3 PRIVATE -Wl,--gc-sections $<$<CONFIG:Release>:-s>)
 foreach(library IN LISTS folders)
     target_link_libraries(zantlog_3 PRIVATE ${library})
     get_target_property(type ${library} TYPE)

@@ -5,7 +5,7 @@
 # use the public headers only, against the DLL itself. Each is one test for CTest, since starting a process is
 # what costs under Wine. The native build has FOLDER_tests too, on the simulated system, unless WINDOWS_ONLY is given.
 function(zantlog_add_tests folder)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "NATIVE;WINDOWS_ONLY" "TIMEOUT" "LIBRARIES;SOURCES;INTERFACE_SOURCES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS_ONLY" "TIMEOUT" "LIBRARIES;SOURCES;INTERFACE_SOURCES")
     if(arg_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "tests of ${folder}: not understood: ${arg_UNPARSED_ARGUMENTS}")
     endif()

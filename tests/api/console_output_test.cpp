@@ -1,13 +1,12 @@
 // The console sink in processes of their own, with a localisation library that is found on the search path,
 // or is not.
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "tests/api/localizer_library.h"
 #include "tests/api/product_fixture.h"
 #include "tests/support/child_process.h"
 #include "tests/support/log_folder.h"
@@ -28,21 +27,12 @@ uint32_t log(zantLogHandle &handle, uint32_t type, uint32_t flags, const char *t
 class ConsoleOutputTest : public ProductTest {
 protected:
     ConsoleOutputTest() : streams_{folder_.file("out"), folder_.file("err")} {}
-    ~ConsoleOutputTest() override { setEnvironment("PATH", path_.c_str()); }
-
-    void offerLocalisationLibrary() {
-        const std::string folder = std::filesystem::absolute(ZANTLOG_TEST_LOCALIZER_FOLDER).string();
-        setEnvironment("PATH", (folder + ';' + path_).c_str());
-    }
 
     [[nodiscard]] std::string output() const { return fileBytes(streams_.outputFile); }
     [[nodiscard]] std::string errors() const { return fileBytes(streams_.errorFile); }
 
     ScopedFolder folder_;
     ChildStreams streams_;
-
-private:
-    std::string path_ = std::getenv("PATH");
 };
 
 } // namespace
@@ -84,7 +74,7 @@ ZANTLOG_CHILD(reportSecureEvents) {
 }
 
 TEST_F(ConsoleOutputTest, LinesGoToTheStreamsOfTheirFlags) {
-    offerLocalisationLibrary();
+    const OfferedLocalizer offered;
     ASSERT_EQ(runChild("logEveryTypeToTheConsole", {}, streams_), 0);
     EXPECT_EQ(output(), "700|-|0|debug\r\n700|-|0|diagnostic\r\n700|-|0|to output\r\n");
     EXPECT_EQ(errors(), "700|-|0|diagnostic\r\n700|-|0|to errors\r\n");
@@ -99,7 +89,7 @@ TEST_F(ConsoleOutputTest, WithoutALocalisationLibraryThereIsSilence) {
 }
 
 TEST_F(ConsoleOutputTest, FailingFormatterPrintsNothing) {
-    offerLocalisationLibrary();
+    const OfferedLocalizer offered;
     ASSERT_EQ(runChild("logWithAFailingFormatter", {}, streams_), 0);
     EXPECT_EQ(output(), "");
     EXPECT_EQ(errors(), "");

@@ -1,6 +1,4 @@
-#include <chrono>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -8,6 +6,7 @@
 #include "tests/api/product_fixture.h"
 #include "tests/api/recording_system.h"
 #include "tests/support/child_process.h"
+#include "tests/support/machine.h"
 #include "zantlog/zantlog.h"
 
 using namespace zantlog::test;
@@ -172,7 +171,7 @@ ZANTLOG_CHILD(missingLibraryIsLookedForOnceASecond) {
     }
     REQUIRE(2, recording.printed.empty() && recording.formats.empty());
     REQUIRE(4, recording.loads == Printed{"zantLogFormatMsg_3.dll"});
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    pauseFor(1100);
     for (int i = 0; i < 200; ++i) {
         REQUIRE(5, logSecure(1) == 0);
     }
@@ -185,7 +184,7 @@ ZANTLOG_CHILD(libraryThatTurnsUpIsUsedFromThenOn) {
     recording.libraryExists = false;
     REQUIRE(1, logSecure(1) == 0);
     recording.libraryExists = true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    pauseFor(1100);
     for (int i = 0; i < 10; ++i) {
         REQUIRE(2, logSecure(1) == 0);
     }

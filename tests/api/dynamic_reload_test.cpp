@@ -1,9 +1,9 @@
 #include <cstdint>
-#include <ctime>
 
 #include <gtest/gtest.h>
 
 #include "tests/api/product_fixture.h"
+#include "tests/support/machine.h"
 #include "zantlog/zantlog.h"
 
 using namespace zantlog::test;
@@ -13,7 +13,7 @@ namespace {
 // An open log whose last reload was so many seconds ago.
 class ReloadTest : public ProductTest {
 protected:
-    void age(zantLogHandle &handle, int64_t seconds) { handle.lastReloadTime = time(nullptr) - seconds; }
+    void age(zantLogHandle &handle, int64_t seconds) { handle.lastReloadTime = secondsNow() - seconds; }
 
     void changeLevels(int debug, int diag) {
         setting("3", "DebugLevel", std::to_string(debug));
@@ -48,13 +48,13 @@ TEST_F(ReloadTest, ShortIntervalIsRaisedToAMinute) {
     EXPECT_EQ(zantDynaLoadConfig(&log), 0u);
     EXPECT_EQ(log.debugLevel, 0);
     age(log, 61);
-    const int64_t now = time(nullptr);
+    const int64_t now = secondsNow();
     EXPECT_EQ(zantDynaLoadConfig(&log), 0u);
     EXPECT_EQ(log.debugLevel, 5);
     EXPECT_EQ(log.diagLevel, 4);
     EXPECT_EQ(log.reloadInterval, 5);
     EXPECT_GE(log.lastReloadTime, now);
-    EXPECT_LE(log.lastReloadTime, time(nullptr));
+    EXPECT_LE(log.lastReloadTime, secondsNow());
 }
 
 TEST_F(ReloadTest, ReloadWaitsForMoreThanTheInterval) {
@@ -63,10 +63,10 @@ TEST_F(ReloadTest, ReloadWaitsForMoreThanTheInterval) {
     changeLevels(5, 4);
     // A second that ends between two clock reads is met by trying again.
     for (int attempt = 0; attempt < 3; ++attempt) {
-        const int64_t now = time(nullptr);
+        const int64_t now = secondsNow();
         log.lastReloadTime = now - 120;
         EXPECT_EQ(zantDynaLoadConfig(&log), 0u);
-        if (time(nullptr) == now) {
+        if (secondsNow() == now) {
             break;
         }
         log.debugLevel = 0;

@@ -1,10 +1,11 @@
 #include "tests/api/entry_point_support.h"
 
 #include <atomic>
-#include <chrono>
 #include <thread>
 
 #include <gtest/gtest.h>
+
+#include "tests/support/machine.h"
 
 namespace zantlog::test {
 
@@ -61,7 +62,7 @@ bool commonLockIsFree() {
         zantUnlockCommon(label);
     });
     for (int tries = 0; tries < 500 && !taken; ++tries) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        pauseFor(10);
     }
     const bool free = taken;
     if (free) {

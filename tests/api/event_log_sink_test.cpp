@@ -8,6 +8,7 @@
 #include "tests/api/event_sink_fixture.h"
 #include "tests/api/product_fixture.h"
 #include "tests/api/recording_system.h"
+#include "tests/support/wide_text.h"
 #include "zantlog/zantlog.h"
 
 using namespace zantlog::test;
@@ -262,7 +263,7 @@ TEST_F(EventSinkTest, PrefixIsCutAt2047Characters) {
     message.who = const_cast<char *>(subject.c_str());
     EXPECT_EQ(zantLogMsg(&handle_, 0, &message), 0u);
     ASSERT_EQ(event().strings.size(), 1u);
-    EXPECT_EQ(event().strings[0], L"12,3,57,4242,777,(null)," + std::wstring(2047 - 24, L's'));
+    EXPECT_EQ(event().strings[0], L"12,3,57,4242,777,(null)," + WideText(2047 - 24, L's'));
 }
 
 TEST_F(EventSinkTest, ReportRefusesNullArguments) {

@@ -9,11 +9,12 @@
 
 #include "tests/api/product_fixture.h"
 #include "tests/api/recording_system.h"
+#include "tests/support/wide_text.h"
 #include "zantlog/zantlog.h"
 
 namespace zantlog::test {
 
-using Strings = std::vector<std::wstring>;
+using Strings = std::vector<WideText>;
 
 inline constexpr uint32_t kMinusOne = 0xFFFFFFFF;
 

@@ -6,6 +6,7 @@
 
 #include "tests/api/event_sink_fixture.h"
 #include "tests/support/child_process.h"
+#include "tests/support/wide_text.h"
 
 using namespace zantlog::test;
 
@@ -49,7 +50,7 @@ TEST_F(EventSinkTest, LongFormattedTextIsNotCut) {
     SecureMessage message(&handle_, "text");
     EXPECT_EQ(zantLogMsg(&handle_, 0, &message), 0u);
     ASSERT_EQ(event().strings.size(), 1u);
-    EXPECT_EQ(event().strings[0], L"12,3,57,4242,777,(null),admin,0 " + std::wstring(20000, L't'));
+    EXPECT_EQ(event().strings[0], L"12,3,57,4242,777,(null),admin,0 " + WideText(20000, L't'));
 }
 
 TEST_F(EventSinkTest, FailingFormatterStillReportsAndGivesItsResult) {

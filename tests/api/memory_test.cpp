@@ -9,6 +9,7 @@
 #include "tests/api/recording_system.h"
 #include "tests/config/failing_memory.h"
 #include "tests/support/catalog_objects.h"
+#include "tests/support/wide_text.h"
 #include "zantlog/zantlog.h"
 
 using namespace zantlog::test;
@@ -55,7 +56,7 @@ TEST_F(MemoryTest, TokenThatCannotBeCopiedIs4AndStoresNothing) {
 TEST_F(MemoryTest, FormatIsRenderedWholeOrGivesNull) {
     EXPECT_GT(sweepAllocations([] {
                   char *out = nullptr;
-                  EXPECT_EQ(renderFormat(&out, "%s-%ls", "a", std::wstring(1000, L'w').c_str()), 0u);
+                  EXPECT_EQ(renderFormat(&out, "%s-%ls", "a", WideText(1000, L'w').c_str()), 0u);
                   if (out != nullptr && !allocationHasFailed()) {
                       EXPECT_EQ(out, "a-" + std::string(1000, 'w'));
                   }

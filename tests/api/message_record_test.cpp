@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/api/record_bytes.h"
+#include "tests/support/machine.h"
 #include "zantlog/zantlog.h"
 
 namespace {
@@ -106,11 +107,11 @@ TEST(InitMsg, TakesAnyTypeAsItIs) {
 
 TEST(InitMsg, StampsMillisecondsSince1970) {
     zantLogHandle handle = plainHandle();
-    const auto before = static_cast<uint64_t>(time(nullptr)) * 1000;
+    const auto before = static_cast<uint64_t>(zantlog::test::secondsNow()) * 1000;
     zantLogMsgRec rec;
     ASSERT_EQ(zantLogInitMsg(&rec, &handle, 0, nullptr), 0u);
     EXPECT_GE(rec.timestamp, before);
-    EXPECT_LE(rec.timestamp, static_cast<uint64_t>(time(nullptr)) * 1000 + 1000);
+    EXPECT_LE(rec.timestamp, static_cast<uint64_t>(zantlog::test::secondsNow()) * 1000 + 1000);
     zantLogFreeMsg(&rec);
 }
 

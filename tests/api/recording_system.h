@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/wide_text.h"
 #include "zantlog/zantlog.h"
 
 namespace zantlog::test {
@@ -27,7 +28,7 @@ struct ReportedEvent {
     uint16_t type;
     uint16_t category;
     uint32_t id;
-    std::vector<std::wstring> strings; // L"(null)" for one that is not set
+    std::vector<WideText> strings; // L"(null)" for one that is not set
 };
 
 struct RecordingSystem {

@@ -7,22 +7,24 @@
 
 #include "tests/support/catalog_objects.h"
 #include "tests/support/log_folder.h"
+#include "tests/support/wide_text.h"
 #include "zantlog/zantlog.h"
 
 using zantlog::test::CatalogObject;
+using zantlog::test::WideText;
 
 namespace {
 
 [[maybe_unused]] const bool kZoned = zantlog::test::useTimeZone("CET-1CEST");
 
 // The first argument's wide form.
-std::wstring wide(CatalogObject &object, uint32_t expected = 0) {
+WideText wide(CatalogObject &object, uint32_t expected = 0) {
     zantLisArgIter iter = {};
     EXPECT_EQ(zantLisGetArgsBegin(object.lis(), &iter), 0);
     wchar_t untouched[] = L"untouched";
     wchar_t *out = untouched;
     EXPECT_EQ(zantLogGetArg_asStringW(&iter, &out), expected);
-    std::wstring copy = out;
+    WideText copy = out;
     if (out != untouched) {
         zantLogFree(out);
     }
@@ -53,7 +55,7 @@ TEST(WideArgument, Integers) {
 TEST(WideArgument, Doubles) {
     CatalogObject real, largest;
     EXPECT_EQ(wide(real.real(-3.25)), L"-3.250000");
-    const std::wstring digits = wide(largest.real(DBL_MAX));
+    const WideText digits = wide(largest.real(DBL_MAX));
     EXPECT_EQ(digits.size(), 309u + 7);
     EXPECT_EQ(digits.substr(0, 17), L"17976931348623157");
 }
@@ -156,7 +158,7 @@ TEST(WideArgument, DoesNotAdvanceTheIteration) {
     for (int i = 0; i < 2; ++i) {
         wchar_t *out = nullptr;
         ASSERT_EQ(zantLogGetArg_asStringW(&iter, &out), 0u);
-        EXPECT_EQ(std::wstring(out), L"1");
+        EXPECT_EQ(WideText(out), L"1");
         zantLogFree(out);
     }
 }

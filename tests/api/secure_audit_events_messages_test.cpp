@@ -7,6 +7,7 @@
 #include "tests/api/entry_point_support.h"
 #include "tests/api/product_fixture.h"
 #include "tests/api/recording_system.h"
+#include "tests/support/wide_text.h"
 
 using namespace zantlog::test;
 
@@ -35,7 +36,7 @@ TEST_F(SecureAuditEventsTest, EveryMessageCarriesNumber0) {
     EXPECT_EQ(zantLogSecureAuditMsg(&handle_, 1, "mary", 5, 4711, "%s", "host"), 0u);
     EXPECT_EQ(handle_.sequence, 43u);
     ASSERT_EQ(recording.events.size(), 2u);
-    const std::wstring who = std::to_wstring(getPID()) + L"," + std::to_wstring(getTID());
+    const WideText who = wideText(std::to_string(getPID())) + L"," + wideText(std::to_string(getTID()));
     for (const ReportedEvent &event : recording.events) {
         EXPECT_EQ(event.type, 16);
         EXPECT_EQ(event.id, 4711u);

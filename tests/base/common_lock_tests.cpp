@@ -22,9 +22,16 @@ TEST(CommonLockScope, IsReleasedAtTheEnd) {
 }
 
 TEST(CommonLockScope, TenScopesNest) {
-    const CommonLock l1("1"), l2("2"), l3("3"), l4("4"), l5("5"), l6("6"), l7("7"), l8("8"), l9("9"),
-        l10("10");
-    SUCCEED();
+    {
+        const CommonLock l1("1"), l2("2"), l3("3"), l4("4"), l5("5"), l6("6"), l7("7"), l8("8"), l9("9"),
+            l10("10");
+    }
+    bool taken = false; // all ten were released again
+    std::thread([&] {
+        const CommonLock lock("other()");
+        taken = true;
+    }).join();
+    EXPECT_TRUE(taken);
 }
 
 } // namespace

@@ -1,11 +1,10 @@
 // Misuse of the lock ends the process by abort(), without a word.
 #include "tests/support/child_process.h"
+#include "tests/support/files.h"
 #include "tests/support/test_folder.h"
 #include "zantlog/dispatch.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <thread>
 
 using namespace zantlog::test;
@@ -188,9 +187,8 @@ TEST(LockUse, AbortPrintsNothing) {
     const ChildStreams streams{folder.file("out.txt"), folder.file("err.txt")};
     EXPECT_EQ(runChild("destroysAFreshLock", {}, streams), kAbortExitCode);
     for (const std::string &path : {streams.outputFile, streams.errorFile}) {
-        std::ifstream stream(path, std::ios::binary);
-        ASSERT_TRUE(stream.is_open());
-        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "");
+        ASSERT_TRUE(fileExists(path));
+        EXPECT_EQ(fileBytes(path), "");
     }
 }
 

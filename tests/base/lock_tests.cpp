@@ -1,5 +1,6 @@
 // The lock that checks its holders: what it allows. What it forbids ends the process: see
 // lock_abort_tests.cpp.
+#include "tests/support/machine.h"
 #include "zantlog/dispatch.h"
 #include "zantlog/os_layer.h"
 
@@ -95,7 +96,7 @@ TEST_F(Lock, HolderKeepsOtherThreadsOut) {
         waited = released;
         zantLogUnlock(lock.get(), kSecond);
     });
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    zantlog::test::pauseFor(50);
     released = true;
     zantLogUnlock(lock.get(), kFirst);
     other.join();
@@ -170,7 +171,7 @@ TEST(CommonLockFunctions, CommonLockIsOneForTheProcess) {
         waited = released;
         zantUnlockCommon(kFirst);
     });
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    zantlog::test::pauseFor(50);
     released = true;
     zantUnlockCommon(kFirst);
     other.join();

@@ -94,7 +94,7 @@ TEST(ConfigLocation, ServesTheReadersFromEitherBackEnd) {
 TEST(ConfigLocation, StaysTheSameInThisProcess) {
     const char *first = GetZantLogCfgLoc();
     EXPECT_EQ(GetZantLogCfgLoc(), first);
-    EXPECT_STREQ(first, std::getenv(kVariable));
+    EXPECT_EQ(first, environmentText(kVariable).value_or("none"));
 }
 
 } // namespace

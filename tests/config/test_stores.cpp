@@ -1,12 +1,11 @@
 #include "tests/config/test_stores.h"
 
+#include "tests/support/files.h"
 #include "tests/support/test_folder.h"
 #include "zantlog/os_layer.h"
 #include "zantlog/property_store.h"
 
 #include <atomic>
-#include <cstdio>
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace zantlog::test {
@@ -17,11 +16,10 @@ namespace {
 class ConfStore : public TestStore {
 public:
     explicit ConfStore(const std::string &path) : TestStore(path) { writeConf(path_, {}); }
-    ~ConfStore() override { std::remove(path_.c_str()); }
+    ~ConfStore() override { removeFile(path_); }
 
     void text(const std::string &section, const std::string &name, const std::string &value) override {
-        std::ofstream(path_, std::ios::binary | std::ios::app)
-            << section << '.' << name << '=' << value << "\r\n";
+        appendFileBytes(path_, section + '.' + name + '=' + value + "\r\n");
     }
     void number(const std::string &section, const std::string &name, uint32_t value) override {
         text(section, name, std::to_string(value));
@@ -107,11 +105,11 @@ void registerProduct(TestStore &location, uint32_t productId, const std::string 
 }
 
 void writeConf(const std::string &path, const std::vector<std::string> &lines) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    std::string bytes;
     for (const std::string &line : lines) {
-        file << line << "\r\n";
+        bytes += line + "\r\n";
     }
-    EXPECT_TRUE(file.good()) << path;
+    writeFileBytes(path, bytes);
 }
 
 } // namespace zantlog::test

@@ -1,11 +1,11 @@
 // Header lines in files.
 #include <cstring>
-#include <ctime>
 #include <gtest/gtest.h>
 #include <memory>
 
 #include "logfile/format/file_header.h"
 #include "tests/support/log_folder.h"
+#include "tests/support/machine.h"
 #include "tests/support/test_folder.h"
 #include "zantlog/log_file.h"
 
@@ -80,9 +80,9 @@ TEST_F(HeaderFile, ThatIsNotOpenFails) {
 TEST(FilledHeader, HasIdsTimeZoneAndHost) {
     LogFileHeader header;
     std::memset(&header, 0xFF, sizeof header);
-    const std::time_t before = std::time(nullptr);
+    const int64_t before = secondsNow();
     ASSERT_EQ(fillHeader(&header, 65544, 12, 3), 0u);
-    const std::time_t after = std::time(nullptr);
+    const int64_t after = secondsNow();
     EXPECT_EQ(header.version, 65544u);
     EXPECT_EQ(header.productId, 12u);
     EXPECT_EQ(header.originatorId, 3u);

@@ -36,19 +36,13 @@ ZANTLOG_CHILD(hasZoneOffset) {
 
 class InZone {
 public:
-    explicit InZone(const char *zone) {
-        const char *before = std::getenv("TZ");
-        wasSet_ = before != nullptr;
-        before_ = wasSet_ ? before : "";
-        setEnvironment("TZ", zone);
-    }
-    ~InZone() { setEnvironment("TZ", wasSet_ ? before_.c_str() : nullptr); }
+    explicit InZone(const char *zone) { setEnvironment("TZ", zone); }
+    ~InZone() { setEnvironment("TZ", before_ ? before_->c_str() : nullptr); }
     InZone(const InZone &) = delete;
     InZone &operator=(const InZone &) = delete;
 
 private:
-    bool wasSet_;
-    std::string before_;
+    const std::optional<std::string> before_ = environmentText("TZ");
 };
 
 void expectTime(const char *text, int64_t expected) {

@@ -1,7 +1,7 @@
 // The host's name and number, on hosts that tests make.
 #include <gtest/gtest.h>
 
-#include "tests/sim/host_sim.h"
+#include "tests/sim/host.h"
 #include "zantlog/log_file.h"
 
 namespace {
@@ -15,6 +15,7 @@ protected:
     ~SimulatedHost() override {
         EXPECT_EQ(sim::host().socketStarts, 0);
         EXPECT_EQ(sim::host().callsWithoutSockets, 0);
+        sim::host() = {};
     }
 };
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "tests/format/record_line.h"
-#include "tests/sim/memory_sim.h"
+#include "tests/sim/memory.h"
 
 namespace {
 

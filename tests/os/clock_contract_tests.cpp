@@ -2,6 +2,7 @@
 #include "logfile/os/os_clock.h"
 #include "tests/support/child_process.h"
 #include "tests/support/test_folder.h"
+#include "tests/support/wide_text.h"
 
 #include <chrono>
 #include <gtest/gtest.h>
@@ -117,7 +118,7 @@ TEST(ClockContract, AscTimeEndsInALineEndAndPadsTheDayWithZero) {
 TEST(ClockContract, LocaleTimeIsMonthDayYear) {
     wchar_t buffer[32];
     EXPECT_TRUE(formatLocaleTimeWide(sundayInNovember(), buffer, 32));
-    EXPECT_EQ(std::wstring(buffer), L"11/02/25 00:03:59");
+    EXPECT_EQ(WideText(buffer), L"11/02/25 00:03:59");
 }
 
 TEST(ClockContract, LocaleTimeNeedsRoomForItsTerminator) {

@@ -1,6 +1,7 @@
 // What every implementation of the seam promises of texts, in the runtime's "C" locale and code page 1252.
 #include "logfile/os/os_text.h"
 #include "tests/support/test_folder.h"
+#include "tests/support/wide_text.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -14,7 +15,7 @@ using namespace zantlog::os;
 TEST(TextContract, MultiByteTextBecomesWide) {
     wchar_t wide[8];
     EXPECT_EQ(multiByteToWide(wide, "ab\xe9", 8), 3u);
-    EXPECT_EQ(std::wstring(wide), L"ab\x00e9");
+    EXPECT_EQ(WideText(wide), L"ab\x00e9");
     EXPECT_EQ(multiByteToWide(wide, "", 8), 0u);
     EXPECT_EQ(wide[0], L'\0');
 }

@@ -1,5 +1,6 @@
 // Creating and opening a `.conf` file.
 #include "tests/propstore/store_test.h"
+#include "tests/support/files.h"
 
 #include <cstring>
 
@@ -68,7 +69,7 @@ TEST_F(FileCreation, FileThatStandsWhereADirectoryIsNeededGives6) {
 }
 
 TEST_F(FileCreation, DirectoryThatStandsWhereTheFileIsNeededGives6) {
-    std::filesystem::create_directory(path);
+    makeFolder(path);
     EXPECT_EQ(6u, create(path));
     EXPECT_EQ(nullptr, store.record.key);
     EXPECT_EQ(nullptr, store.record.file.stream);

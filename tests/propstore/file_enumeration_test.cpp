@@ -126,7 +126,7 @@ TEST_F(FileEnumeration, StaysAtTheEndOfAFileThatGrows) {
     openLines("1.A=a\n");
     EXPECT_EQ(0u, next());
     EXPECT_EQ(7u, next());
-    std::ofstream(path, std::ios::binary | std::ios::app) << "2.A=b\r\n";
+    appendFileBytes(path, "2.A=b\r\n");
     EXPECT_EQ(7u, next());
 }
 

@@ -1,5 +1,6 @@
 // The examples of docs/conf-format.md, held against the store.
 #include "tests/propstore/store_test.h"
+#include "tests/support/document.h"
 
 #include <sstream>
 #include <vector>
@@ -9,7 +10,7 @@ namespace {
 
 class ConfFormatDocument : public FileStoreTest {
 protected:
-    ConfFormatDocument() : document(readBytes(ZANTLOG_SOURCE_FOLDER "/docs/conf-format.md")) {}
+    ConfFormatDocument() : document(documentText("docs/conf-format.md")) {}
 
     // The lines between "```label" and "```".
     std::string block(const std::string &label) const {

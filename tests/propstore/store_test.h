@@ -2,31 +2,28 @@
 // end.
 #pragma once
 
+#include "tests/support/files.h"
 #include "tests/support/test_folder.h"
 #include "zantlog/config_store.h"
 #include "zantlog/message.h"
 #include "zantlog/property_store.h"
 #include "zantlog/results.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <string>
 
 namespace zantlog::test {
 
 inline std::string readBytes(const std::string &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return fileExists(path) ? fileBytes(path) : "";
 }
 
 inline void writeBytes(const std::string &path, const std::string &bytes) {
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+    writeFileBytes(path, bytes);
 }
 
 inline bool exists(const std::string &path) {
-    return std::filesystem::exists(path);
+    return fileExists(path);
 }
 
 // Lines as they are on disk: "\n" becomes CR LF.

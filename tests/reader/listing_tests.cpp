@@ -1,12 +1,12 @@
 // Directory listings and file entries.
 #include <cstring>
-#include <ctime>
 #include <gtest/gtest.h>
 #include <memory>
 #include <set>
 #include <string>
 
 #include "tests/support/log_folder.h"
+#include "tests/support/machine.h"
 #include "tests/support/test_folder.h"
 #include "zantlog/discovery.h"
 #include "zantlog/reader.h"
@@ -114,9 +114,9 @@ int64_t secondsSince1970(const zantLogFileTime &time) {
 }
 
 TEST_F(Listing, CopiesTheCurrentFile) {
-    const std::time_t before = std::time(nullptr);
+    const int64_t before = secondsNow();
     make("a.log", "12345");
-    const std::time_t after = std::time(nullptr);
+    const int64_t after = secondsNow();
     ASSERT_EQ(begin(), 0u);
     zantLogListCopy copy;
     std::memset(&copy, 0xAA, sizeof copy);

@@ -66,15 +66,15 @@ const char *nameOf(Call call);
 bool canFail(Call call);
 
 enum class FaultAction {
-    Fail,       // the call does nothing and reports `error`, or what stands for a failure where it has no error
-    Shorten,    // WriteFile and ReadFile: only `bytes` of what was asked for are written or read
+    Fail,    // the call does nothing and reports `error`, or what stands for a failure where it has no error
+    Shorten, // WriteFile and ReadFile: only `bytes` of what was asked for are written or read
     EndProcess, // the logical process dies before the call
     Pause,      // the logical process stops before the call until it is resumed
 };
 
 struct Fault {
-    std::optional<Call> call; // none: every call that can fail, allocations excepted
-    uint64_t number = 1;      // of the calls that fit from now on, the first one that is hit
+    std::optional<Call> call = std::nullopt; // none: every call that can fail, allocations excepted
+    uint64_t number = 1;                     // of the calls that fit from now on, the first one that is hit
     bool laterOnesToo = false;
     FaultAction action = FaultAction::Fail;
     os::SystemError error = os::kErrorAccessDenied;

@@ -1,21 +1,22 @@
-// Logical processes: several of them share the simulated system's files, mutexes and registry, and each has its own
-// copy of the program's variables, handles, environment and current folder.
+// Logical processes: several of them share the simulated system's files, mutexes and registry, and each has
+// its own copy of the program's variables, handles, environment and current folder.
 //
 //     sim::Process other;
-//     other.run([] { EXPECT_EQ(zantLogOpen(12, 3, &handle), 0u); });   // `handle` is a variable of the program
-//     other.kill();                                                    // what it wrote stays, its mutexes are free
+//     other.run([] { EXPECT_EQ(zantLogOpen(12, 3, &handle), 0u); }); // `handle` is one of its variables
+//     other.kill(); // what it wrote stays, its mutexes are free
 //
-// One of them runs at a time: the test itself (the first process) runs until it calls run(), resume(), waits for a
-// mutex that another process holds, or sleeps. So every run of a test takes the same course.
+// One of them runs at a time: the test itself (the first process) runs until it calls run(), resume(), waits
+// for a mutex that another process holds, or sleeps. So every run of a test takes the same course.
 //
-// How it is done: each process is a thread that waits for its turn. With the turn, the bytes of the variables of
-// the program change: the linker script program_image.ld keeps them together, those of the library and of the tests,
-// but not those of the simulation, of GoogleTest and of the runtime. A new process starts with the bytes as they were
-// when main() began. So nothing in the library knows of this, and pointers into its variables stay what they are. A
-// global object that had memory of the heap by then must not be changed by two processes.
+// How it is done: each process is a thread that waits for its turn. With the turn, the bytes of the variables
+// of the program change: the linker script program_image.ld keeps them together, those of the library and of
+// the tests, but not those of the simulation, of GoogleTest and of the runtime. A new process starts with the
+// bytes as they were when main() began. So nothing in the library knows of this, and pointers into its
+// variables stay what they are. A global object that had memory of the heap by then must not be changed by
+// two processes.
 //
-// The stack of a process that dies is left by longjmp(): no destructor runs in it, as in a real one. What its thread
-// had on the heap is lost, which the leak checker is told to overlook.
+// The stack of a process that dies is left by longjmp(): no destructor runs in it, as in a real one. What its
+// thread had on the heap is lost, which the leak checker is told to overlook.
 #pragma once
 
 #include <cstdint>
@@ -52,8 +53,8 @@ public:
     // Lets a paused or blocked process go on, in the same way.
     ProcessState resume();
 
-    // Begins a job that runs while other processes wait or sleep; the process ends with it. Its result is the exit
-    // code.
+    // Begins a job that runs while other processes wait or sleep; the process ends with it. Its result is the
+    // exit code.
     void start(const std::function<int()> &job);
 
     // Waits until the process has ended, is paused, or is blocked for good.
@@ -73,6 +74,7 @@ public:
     [[nodiscard]] size_t heapBlocks() const;
 
 private:
+    void give(const std::function<int()> &job, bool endsWithJob);
     ProcessState waitUntilItStops();
 
     std::shared_ptr<ProcessRecord> record_;

@@ -11,9 +11,9 @@ extern "C" {
 [[gnu::weak]] extern volatile unsigned char zantlogProgramImageEnd[];
 }
 
-// The sanitizers' guards between variables are part of the image and are copied like any other byte; volatile, so
-// that no call of memcpy() is made of a loop, which the sanitizers would look into.
-#define ZANTLOG_COPIES_GUARDS [[gnu::no_sanitize("address", "undefined", "thread")]]
+// The sanitizers' guards between variables are part of the image and are copied like any other byte;
+// volatile, so that no call of memcpy() is made of a loop, which the sanitizers would look into.
+#define ZANTLOG_COPIES_GUARDS __attribute__((no_sanitize("address", "undefined", "thread")))
 
 namespace zantlog::sim {
 
@@ -48,7 +48,8 @@ void keepProgramImage() {
 
 const std::vector<unsigned char> &freshProgramImage() {
     if (keptImage().empty()) {
-        std::fputs("a program with several processes links program_image.ld and calls keepProgramImage()\n", stderr);
+        std::fputs("a program with several processes links program_image.ld and calls keepProgramImage()\n",
+                   stderr);
         std::abort();
     }
     return keptImage();

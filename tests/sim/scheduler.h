@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "tests/sim/process.h"
+#include "tests/sim/relaxed_number.h"
 
 namespace zantlog::sim {
 
@@ -25,8 +26,8 @@ struct ProcessRecord {
 
     std::function<int()> job;
     bool endsWithJob = false;
-    std::thread thread;      // of all but the first process
-    std::jmp_buf base;       // where its thread goes when the process has died
+    std::thread thread;       // of all but the first process
+    std::jmp_buf base;        // where its thread goes when the process has died
     bool threadStays = false; // it died in another thread: the main one is never to come back
     std::vector<unsigned char> image;
 
@@ -40,6 +41,8 @@ struct ProcessRecord {
     std::string outputFile;
     std::string errorFile;
     std::unordered_set<void *> blocks; // of the heap; not of the first process
+    RelaxedNumber<int> criticalSections;
+    RelaxedNumber<int> socketStarts;
 };
 
 // The process of the calling thread.
@@ -53,8 +56,8 @@ uint32_t currentThreadId();
 // Waits until it is the turn of the calling thread's process; does not return if that process has died.
 void waitForTurn();
 
-// Waits for a condition that other processes or threads bring about; both sides may hold no lock that the condition
-// takes. Whoever changes what a condition looks at calls conditionsChanged().
+// Waits for a condition that other processes or threads bring about; both sides may hold no lock that the
+// condition takes. Whoever changes what a condition looks at calls conditionsChanged().
 void waitUntil(const std::function<bool()> &condition);
 void conditionsChanged();
 

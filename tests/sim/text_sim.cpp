@@ -1,19 +1,20 @@
-// Texts of the native build. Its code page is Latin-1: every byte is the character of the same number, so a
-// narrow text always converts and a wide one up to U+00FF. Windows' own code page 1252 differs in 0x80 to
-// 0x9F.
+// Texts in the code pages of the process: those of the runtime's "C" locale, where every byte is the
+// character of the same number, so that a narrow text always converts and a wide one up to U+00FF; and code
+// page 1252.
 #include "logfile/os/os_text.h"
 
-#include <cstdlib>
 #include <cstring>
+
+#include "tests/sim/environment.h"
+#include "tests/sim/faults.h"
 
 namespace zantlog::os {
 
 namespace {
 
+// The runtime's comparison knows the letters of its locale only, which in the "C" locale are those of ASCII.
 int lowerCase(unsigned char character) {
-    const bool upper = (character >= 'A' && character <= 'Z') ||
-                       (character >= 0xC0 && character <= 0xDE && character != 0xD7);
-    return upper ? character + 0x20 : character;
+    return character >= 'A' && character <= 'Z' ? character + 0x20 : character;
 }
 
 } // namespace
@@ -34,13 +35,14 @@ size_t multiByteToWide(wchar_t *destination, const char *source, size_t capacity
 
 size_t wideToMultiByte(char *destination, const wchar_t *source, size_t capacity) {
     size_t at = 0;
-    for (; destination == nullptr || at < capacity; ++at) {
+    if (destination == nullptr) {
+        return wideLength(source); // the runtime does not look at the characters here
+    }
+    for (; at < capacity; ++at) {
         if (source[at] > 0xFF) {
             return kConversionFailed;
         }
-        if (destination != nullptr) {
-            destination[at] = static_cast<char>(source[at]);
-        }
+        destination[at] = static_cast<char>(source[at]);
         if (source[at] == 0) {
             return at;
         }
@@ -79,7 +81,7 @@ int32_t compareIgnoringCase(const char *left, const char *right) {
 }
 
 const char *codePageName() {
-    return "ISO-8859-1";
+    return "windows-1252";
 }
 
 const char *localeName() {
@@ -87,14 +89,15 @@ const char *localeName() {
 }
 
 bool environmentVariable(const char *name, char *buffer, uint32_t capacity, uint32_t *length) {
-    const char *value = std::getenv(name);
-    if (value == nullptr) {
+    sim::enter(sim::Call::Environment);
+    const std::optional<std::string> value = sim::environmentValue(name);
+    if (!value) {
         return false;
     }
-    *length = static_cast<uint32_t>(std::strlen(value));
+    *length = static_cast<uint32_t>(value->size());
     if (capacity != 0) {
         const size_t kept = *length < capacity ? *length : 0;
-        std::memcpy(buffer, value, kept);
+        std::memcpy(buffer, value->data(), kept);
         buffer[kept] = '\0';
     }
     return true;

@@ -18,6 +18,9 @@ std::optional<std::string> environmentText(const char *name);
 // Seconds since 1970-01-01 00:00 UTC.
 int64_t secondsNow();
 
+// Milliseconds from some moment on.
+int64_t millisecondsNow();
+
 // The local date of now plus so many days, at noon.
 std::tm localDate(int daysFromToday);
 

@@ -1,10 +1,20 @@
 #include "tests/support/machine.h"
 
+#include <cstdlib>
+
 #include "tests/sim/clock.h"
 #include "tests/sim/environment.h"
 #include "tests/sim/files.h"
 #include "tests/sim/process.h"
 #include "tests/sim/scheduler.h"
+
+// A heap that has not as much as was asked for says so, as Windows' does.
+extern "C" const char *__asan_default_options() {
+    return "allocator_may_return_null=1";
+}
+extern "C" const char *__tsan_default_options() {
+    return "allocator_may_return_null=1";
+}
 
 namespace zantlog::test {
 
@@ -18,6 +28,10 @@ std::optional<std::string> environmentText(const char *name) {
 
 int64_t secondsNow() {
     return sim::clock().seconds();
+}
+
+int64_t millisecondsNow() {
+    return sim::clock().now() / sim::kUnitsPerMillisecond;
 }
 
 std::tm localDate(int daysFromToday) {
@@ -48,6 +62,8 @@ void startMachine() {
     sim::makeFolders("C:\\Temp");
     setEnvironment("TEMP", "C:\\Temp");
     setEnvironment("PATH", "C:\\Windows");
+    // So that a test program can be started with another location, as under Wine.
+    setEnvironment("ZANTLOG_CFG_LOC", std::getenv("ZANTLOG_CFG_LOC"));
 }
 
 } // namespace zantlog::test

@@ -21,6 +21,11 @@ int64_t secondsNow() {
     return std::time(nullptr);
 }
 
+int64_t millisecondsNow() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
 std::tm localDate(int daysFromToday) {
     const std::time_t now = std::time(nullptr);
     std::tm day = *std::localtime(&now);

@@ -1,5 +1,5 @@
-// Wide texts for tests. std::wstring will not do: the native build's runtime has wider characters than Windows and
-// the library's own interface.
+// Wide texts for tests. std::wstring will not do: the native build's runtime has wider characters than
+// Windows and the library's own interface.
 #pragma once
 
 #include <cstddef>

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "logfile/os/os_host.h"
+#include "tests/sim/relaxed_number.h"
 
 namespace zantlog::sim {
 
@@ -15,8 +16,8 @@ struct Host {
     std::string name = "simhost";
     std::vector<os::HostAddress> addresses;
 
-    int socketStarts = 0;        // starts that succeeded and have not been cleaned up
-    int callsWithoutSockets = 0; // names asked for and resolved while sockets were not started
+    RelaxedNumber<int> socketStarts;        // starts that succeeded and have not been cleaned up
+    RelaxedNumber<int> callsWithoutSockets; // names asked for and resolved while sockets were not started
 };
 
 Host &host();
