@@ -122,7 +122,8 @@ TEST(FoundFiles, AreToldApartByDirectoryAndName) {
 }
 
 TEST(FoundFiles, AgreeWithTheTableOfChains) {
-    std::mt19937 random(20251116);
+    std::mt19937 engine(20251116);
+    const auto random = [&engine] { return static_cast<uint32_t>(engine()); };
     for (int round = 0; round < 40; ++round) {
         std::vector<Given> all;
         const uint32_t files = random() % 400;
