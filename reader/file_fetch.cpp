@@ -62,8 +62,7 @@ void completeFromName(const LogFileEntry &entry, FetchedFile *file) {
     completeFromName(*entry, file);
     const LogFileHeader &header = file->header;
     return headerMatches(context->query, {header.productId, header.originatorId, header.startTime,
-                                          file->isLogSet ? file->name.logSet : nullptr,
-                                          file->lastModified});
+                                          file->isLogSet ? file->name.logSet : nullptr, file->lastModified});
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Selection of the log files of a set of configurations.
 #include "reader/file_filter.h"
 #include "reader/found_files.h"
+#include "reader/text_hash.h"
 #include "zantlog/discovery.h"
 #include "zantlog/reader.h"
 #include "zantlog/results.h"

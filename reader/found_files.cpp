@@ -13,13 +13,6 @@ constexpr uint32_t kHighestCapacity = 1u << 30;
 
 } // namespace
 
-uint32_t hashOn(uint32_t hash, const char *text) {
-    for (; *text != '\0'; ++text) {
-        hash = hash * 31 + static_cast<uint32_t>(static_cast<signed char>(*text));
-    }
-    return hash;
-}
-
 FoundFiles::~FoundFiles() {
     for (uint32_t i = 0; i < count_; ++i) {
         zantLogFree(files_.get()[i].entry);

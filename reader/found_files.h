@@ -12,12 +12,8 @@ using OwnedEntry = OwnedBlock<LogFileEntry>;
 struct FileKey {
     const char *directory;
     const char *name;
-    uint32_t hash; // of the directory followed by the name, see hashOn()
+    uint32_t hash; // of the directory followed by the name, see text_hash.h
 };
-
-// Goes on with a hash: the hash of a text that follows another one begins with that one's; the first begins
-// with 0. HashString() is this hash, modulo something.
-uint32_t hashOn(uint32_t hash, const char *text);
 
 // The order of equal creation times is that of a table of 300 chains that takes each new file at the front
 // of its chain and is read from the first chain to the last. Nothing is looked up in those chains: an index

@@ -88,6 +88,7 @@ TEST(DateTimeText, OfADateWhatFollowsAColonDoesNotCount) {
     EXPECT_EQ(zantLogStrDateTimeToT("2026-01-21:10:30:15"), midnight);
     EXPECT_EQ(zantLogStrDateTimeToT("2026-01-21 10:30:15"), midnight);
     EXPECT_EQ(zantLogStrDateTimeToT("2026-01-21:"), midnight);
+    EXPECT_EQ(zantLogStrDateTimeToT("2026-01:05-21"), zantLogStrDateTimeToT("2025-12-31")); // day 0
     EXPECT_EQ(zantLogStrDateTimeToT("2026-01-22") - midnight, 86400);
     EXPECT_EQ(zantLogStrDateTimeToT("2025-12-21") - midnight, -31 * 86400);
 }
@@ -120,9 +121,9 @@ TEST(DateTimeText, AnythingElseIsNoTime) {
 }
 
 TEST(DateTimeText, HugeNumbersDoNoHarm) {
-    for (const char *text : {"4294967295-4294967295-4294967295", "2147483647-1-1", "2026-2147483647-1",
-                             "2026-1-2147483647", "4294967295:4294967295:4294967295",
-                             "2147483647:2147483647:2147483647"}) {
+    for (const char *text :
+         {"4294967295-4294967295-4294967295", "2147483647-1-1", "2026-2147483647-1", "2026-1-2147483647",
+          "4294967295:4294967295:4294967295", "2147483647:2147483647:2147483647"}) {
         EXPECT_GE(zantLogStrDateTimeToT(text), -1) << text;
     }
 }

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "reader/text_hash.h"
 #include "zantlog/reader.h"
 
 namespace zantlog::test {
@@ -100,8 +101,7 @@ TEST(FoundFilesHash, IsTheOneOfTheTextsTogether) {
 
 TEST(FoundFiles, EqualTimesKeepTheOrderOfTheChains) {
     // One-letter names in an empty directory: the hash is the letter, the chain is the letter.
-    EXPECT_EQ(orderOf({{"", "c", 5}, {"", "a", 5}, {"", "b", 5}}),
-              (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_EQ(orderOf({{"", "c", 5}, {"", "a", 5}, {"", "b", 5}}), (std::vector<std::string>{"a", "b", "c"}));
     // Equal chains: "Aa" and "BB" have one hash; the one found last is at the front.
     EXPECT_EQ(orderOf({{"", "Aa", 5}, {"", "BB", 5}}), (std::vector<std::string>{"BB", "Aa"}));
     EXPECT_EQ(orderOf({{"", "BB", 5}, {"", "Aa", 5}}), (std::vector<std::string>{"Aa", "BB"}));
@@ -119,6 +119,8 @@ TEST(FoundFiles, AreToldApartByDirectoryAndName) {
     // The key's text is one and the same.
     EXPECT_EQ(orderOf({{"a", "bc", 5}, {"ab", "c", 5}}).size(), 2u);
     EXPECT_EQ(orderOf({{"a", "bc", 5}, {"a", "bc", 6}}).size(), 1u);
+    // Two directories of one hash.
+    EXPECT_EQ(orderOf({{"Aa", "c", 5}, {"BB", "c", 5}}).size(), 2u);
 }
 
 TEST(FoundFiles, AgreeWithTheTableOfChains) {
@@ -129,8 +131,8 @@ TEST(FoundFiles, AgreeWithTheTableOfChains) {
         const uint32_t files = random() % 400;
         for (uint32_t i = 0; i < files; ++i) {
             char name[60];
-            std::snprintf(name, sizeof name, "12-%u-1-2511%02u-%010u.log", random() % 3 + 1, random() % 3 + 10,
-                          random() % 100);
+            std::snprintf(name, sizeof name, "12-%u-1-2511%02u-%010u.log", random() % 3 + 1,
+                          random() % 3 + 10, random() % 100);
             all.push_back({random() % 2 == 0 ? "C:\\logs\\" : "D:\\other\\", name,
                            static_cast<int64_t>(random() % (round % 2 == 0 ? 3 : 1000)) - 1});
         }

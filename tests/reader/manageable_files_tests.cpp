@@ -153,6 +153,18 @@ TEST_F(ManageableFiles, OfAnOriginatorAreThoseOfAllProducts) {
     EXPECT_THAT(selection.names(), ElementsAre(productFile(12, 3, 0), productFile(13, 3, 0)));
 }
 
+TEST_F(ManageableFiles, GroupsMayLieInterleavedInTime) {
+    keep(12, "3", 1);
+    keep(13, "3", 1);
+    makeProductFile(12, 3, 0, kMonday);
+    makeProductFile(13, 3, 0, kMonday + 1);
+    makeProductFile(12, 3, 1, kMonday + 2);
+    makeProductFile(13, 3, 1, kMonday + 3);
+    Selection selection;
+    EXPECT_EQ(zantLogGetManageableLogFiles(0, 3, &selection), 0u);
+    EXPECT_THAT(selection.names(), ElementsAre(productFile(13, 3, 0), productFile(12, 3, 0)));
+}
+
 TEST_F(ManageableFiles, OfNoIdAreThoseOfEveryGroup) {
     keep(12, "Default", 1);
     keep(12, "3", 1);
@@ -165,8 +177,8 @@ TEST_F(ManageableFiles, OfNoIdAreThoseOfEveryGroup) {
     make("12-audit-251116100001.log", logSetHeader(), kMonday + 1);
     Selection selection;
     EXPECT_EQ(zantLogGetManageableLogFiles(0, 0, &selection), 0u);
-    EXPECT_THAT(selection.names(), ElementsAre(productFile(12, 112, 0), productFile(12, 3, 0),
-                                               productFile(13, 3, 0)));
+    EXPECT_THAT(selection.names(),
+                ElementsAre(productFile(12, 112, 0), productFile(12, 3, 0), productFile(13, 3, 0)));
 }
 
 TEST_F(ManageableFiles, FilesOfOtherHostsCount) {
