@@ -13,9 +13,9 @@ work=$root/build/bench-store
 "$root/scripts/setup.sh"
 cd "$root"
 cmake --preset windows-release >/dev/null
-cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench query_bench
+cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench query_bench selection_bench
 cmake --preset native-release >/dev/null
-cmake --build --preset native-release --target serialize_bench read_bench query_bench
+cmake --build --preset native-release --target serialize_bench read_bench query_bench selection_bench
 
 title() { printf '\n== %s\n' "$*"; }
 
@@ -28,6 +28,11 @@ title "reading, natively"
 "$native/bin/read_bench"
 title "reading, under Wine"
 scripts/wine-run "$build/bin/read_bench.exe"
+
+title "selecting, natively"
+"$native/bin/selection_bench"
+title "selecting, under Wine"
+scripts/wine-run "$build/bin/selection_bench.exe"
 
 title "queries, natively"
 "$native/bin/query_bench"

@@ -1,0 +1,127 @@
+// Selection of the log files that are more than are to be kept.
+#include <cstring>
+
+#include "base/owned_text.h"
+#include "logfile/format/file_name.h"
+#include "reader/surplus_files.h"
+#include "zantlog/config_store.h"
+#include "zantlog/discovery.h"
+#include "zantlog/results.h"
+
+namespace zantlog {
+
+namespace {
+
+constexpr uint32_t kMostConfigurations = 1024;
+
+// Configuration records with the array that holds them, freed at the end of the scope.
+class Configurations {
+public:
+    Configurations() = default;
+    ~Configurations() {
+        if (array_ != nullptr) {
+            (void)FreeConfigArray(array_.get(), count_);
+        }
+    }
+    Configurations(const Configurations &) = delete;
+    Configurations &operator=(const Configurations &) = delete;
+
+    [[nodiscard]] uint32_t readAll() {
+        if (!makeArray(kMostConfigurations)) {
+            return ZANTLOG_OUT_OF_MEMORY;
+        }
+        return zantLogReadAllCfg(nullptr, kMostConfigurations, array_.get(), &count_);
+    }
+
+    // One record, which `read` fills.
+    template <typename Read> [[nodiscard]] uint32_t readOne(Read read) {
+        OwnedBlock<zantLogCfg> record = allocateBlock<zantLogCfg>(1);
+        if (record == nullptr || !makeArray(1)) {
+            return ZANTLOG_OUT_OF_MEMORY;
+        }
+        std::memset(record.get(), 0, sizeof(zantLogCfg));
+        array_.get()[count_++] = record.release();
+        return read(array_.get()[0]);
+    }
+
+    [[nodiscard]] uint32_t select(LogFindContext *context) const {
+        return GetLogFiles(array_.get(), count_, context);
+    }
+    [[nodiscard]] std::span<zantLogCfg *const> records() const { return {array_.get(), count_}; }
+
+private:
+    [[nodiscard]] bool makeArray(uint32_t capacity) {
+        array_ = allocateBlock<zantLogCfg *>(capacity);
+        return array_ != nullptr;
+    }
+
+    OwnedBlock<zantLogCfg *> array_;
+    uint32_t count_ = 0;
+};
+
+// Ids of product files; 0 stands for any.
+struct WantedIds {
+    uint32_t productId;
+    uint32_t originatorId;
+};
+
+bool groupOfProductFile(const void *wanted, const char *name, FileGroup *group) {
+    const auto &ids = *static_cast<const WantedIds *>(wanted);
+    return parseProductFileIds(name, &group->productId, &group->originatorId) &&
+           (ids.productId == 0 || ids.productId == group->productId) &&
+           (ids.originatorId == 0 || ids.originatorId == group->originatorId);
+}
+
+bool groupOfLogSetFile(const void *wanted, const char *name, FileGroup *group) {
+    const auto &cfg = *static_cast<const zantLogCfg *>(wanted);
+    LogSetFileName fields;
+    *group = {cfg.productId, cfg.originatorId};
+    return parseLogSetFileName(name, &fields) && fields.productId == cfg.productId &&
+           cfg.logSetName != nullptr && std::strcmp(fields.logSet, cfg.logSetName) == 0;
+}
+
+} // namespace
+
+} // namespace zantlog
+
+extern "C" uint32_t zantLogGetManageableLogFiles(uint32_t productId, uint32_t originatorId,
+                                                 LogFindContext *context) {
+    using namespace zantlog;
+    if (context == nullptr) {
+        return ZANTLOG_INVALID_ARGUMENT;
+    }
+    *context = {};
+    Configurations configurations;
+    uint32_t result = productId != 0 && originatorId != 0 ? configurations.readOne([&](zantLogCfg *cfg) {
+        return zantLogReadCfg(productId, originatorId, cfg);
+    })
+                                                          : configurations.readAll();
+    if (result == ZANTLOG_OK) {
+        result = configurations.select(context);
+    }
+    if (result != ZANTLOG_OK) {
+        return result;
+    }
+    const WantedIds wanted{productId, originatorId};
+    return reduceToSurplus(context, configurations.records(), groupOfProductFile, &wanted);
+}
+
+extern "C" uint32_t zantLogGetManageableLogFilesSL(uint32_t productId, const char *logSet,
+                                                   LogFindContext *context) {
+    using namespace zantlog;
+    if (context == nullptr) {
+        return ZANTLOG_INVALID_ARGUMENT;
+    }
+    *context = {};
+    Configurations configurations;
+    uint32_t result =
+        configurations.readOne([&](zantLogCfg *cfg) { return zantLogReadlogsetCfg(productId, logSet, cfg); });
+    if (result == ZANTLOG_OK) {
+        result = configurations.select(context);
+    }
+    if (result != ZANTLOG_OK) {
+        return result;
+    }
+    return reduceToSurplus(context, configurations.records(), groupOfLogSetFile,
+                           configurations.records().front());
+}
