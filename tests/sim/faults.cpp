@@ -22,6 +22,7 @@ struct ArmedFault {
 struct Faults {
     std::array<std::atomic<uint64_t>, kKinds> counts{};
     std::atomic<uint64_t> met{0};
+    std::atomic<Call> firstHit{Call::kCount};
     std::atomic<bool> armed{false};
     std::mutex lock; // of what follows
     std::vector<ArmedFault> list;
@@ -54,8 +55,10 @@ std::optional<Fault> faultFor(Call call) {
     return hit;
 }
 
-Verdict verdictOf(const Fault &fault) {
-    ++faults().met;
+Verdict verdictOf(const Fault &fault, Call call) {
+    if (faults().met++ == 0) {
+        faults().firstHit = call;
+    }
     switch (fault.action) {
     case FaultAction::Fail:
         return {fault.error, {}};
@@ -167,6 +170,10 @@ uint64_t faultsMet() {
     return faults().met;
 }
 
+Call firstCallHit() {
+    return faults().firstHit;
+}
+
 uint64_t calls(Call call) {
     return faults().counts[static_cast<size_t>(call)];
 }
@@ -194,7 +201,7 @@ Verdict enter(Call call) {
         return {};
     }
     const std::optional<Fault> fault = faultFor(call);
-    return fault ? verdictOf(*fault) : Verdict{};
+    return fault ? verdictOf(*fault, call) : Verdict{};
 }
 
 } // namespace zantlog::sim

@@ -89,6 +89,9 @@ void clearFaults();
 // How often a fault was met since the last clearFaults().
 uint64_t faultsMet();
 
+// The call that met the first of them; of no use when none did.
+Call firstCallHit();
+
 // Calls since the last resetCalls().
 uint64_t calls(Call call);
 uint64_t callsThatCanFail(); // of all kinds, allocations excepted
