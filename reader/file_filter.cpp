@@ -49,7 +49,7 @@ bool HeaderTexts::begin(QueryNode *query) {
     return file_ != nullptr;
 }
 
-bool HeaderTexts::read(const char *path, LogFindContext *context) {
+bool HeaderTexts::readFrom(const char *path, LogFindContext *context) {
     if (zantLogOs_open(file_.get(), path, ZANTLOG_OPEN_READ, nullptr) != ZANTLOG_OS_OK) {
         return false;
     }
@@ -87,7 +87,7 @@ bool passesFilter(const zantLogCfg &cfg, const zantLogFindData &file, HeaderText
     }
     FileLevelFields fields = fieldsOf(cfg, file);
     if (headers->areNeeded()) {
-        if (!headers->read(LogPath(cfg.logDirectory, file.name).text, context)) {
+        if (!headers->readFrom(LogPath(cfg.logDirectory, file.name).text, context)) {
             return false;
         }
         fields.headerText = headers->text();

@@ -19,7 +19,7 @@ public:
     // Puts a file's header text where the query finds it; false when the file is none for the query: it
     // cannot be opened, or its header is of an unsupported version, which the context remembers. A file
     // without a header has an empty text.
-    [[nodiscard]] bool read(const char *path, LogFindContext *context);
+    [[nodiscard]] bool readFrom(const char *path, LogFindContext *context);
 
     [[nodiscard]] const char *text() const { return header_.text; }
 

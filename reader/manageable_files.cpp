@@ -14,48 +14,52 @@ namespace {
 
 constexpr uint32_t kMostConfigurations = 1024;
 
+struct ConfigurationArray {
+    zantLogCfg *records[kMostConfigurations];
+};
+
 // Configuration records with the array that holds them, freed at the end of the scope.
 class Configurations {
 public:
     Configurations() = default;
     ~Configurations() {
         if (array_ != nullptr) {
-            (void)FreeConfigArray(array_.get(), count_);
+            (void)FreeConfigArray(array_->records, count_);
         }
     }
     Configurations(const Configurations &) = delete;
     Configurations &operator=(const Configurations &) = delete;
 
     [[nodiscard]] uint32_t readAll() {
-        if (!makeArray(kMostConfigurations)) {
+        if (!makeArray()) {
             return ZANTLOG_OUT_OF_MEMORY;
         }
-        return zantLogReadAllCfg(nullptr, kMostConfigurations, array_.get(), &count_);
+        return zantLogReadAllCfg(nullptr, kMostConfigurations, array_->records, &count_);
     }
 
-    // One record, which `read` fills.
-    template <typename Read> [[nodiscard]] uint32_t readOne(Read read) {
+    // One record, which `fill` reads.
+    template <typename Fill> [[nodiscard]] uint32_t readOne(Fill fill) {
         OwnedBlock<zantLogCfg> record = allocateBlock<zantLogCfg>(1);
-        if (record == nullptr || !makeArray(1)) {
+        if (record == nullptr || !makeArray()) {
             return ZANTLOG_OUT_OF_MEMORY;
         }
         std::memset(record.get(), 0, sizeof(zantLogCfg));
-        array_.get()[count_++] = record.release();
-        return read(array_.get()[0]);
+        array_->records[count_++] = record.release();
+        return fill(array_->records[0]);
     }
 
     [[nodiscard]] uint32_t select(LogFindContext *context) const {
-        return GetLogFiles(array_.get(), count_, context);
+        return GetLogFiles(array_->records, count_, context);
     }
-    [[nodiscard]] std::span<zantLogCfg *const> records() const { return {array_.get(), count_}; }
+    [[nodiscard]] std::span<zantLogCfg *const> records() const { return {array_->records, count_}; }
 
 private:
-    [[nodiscard]] bool makeArray(uint32_t capacity) {
-        array_ = allocateBlock<zantLogCfg *>(capacity);
+    [[nodiscard]] bool makeArray() {
+        array_ = allocateBlock<ConfigurationArray>(1);
         return array_ != nullptr;
     }
 
-    OwnedBlock<zantLogCfg *> array_;
+    OwnedBlock<ConfigurationArray> array_;
     uint32_t count_ = 0;
 };
 
