@@ -49,6 +49,14 @@ class Readme(unittest.TestCase):
         with open(path, "rb") as file:
             return file.read().decode("ascii").split("\n")
 
+    def test_the_scenario_in_the_page_on_testing_is_one_that_runs(self):
+        sweeps = read("tests/sweeps/rollover_sweeps.cpp")
+        blocks = code_blocks(read("docs/testing.md"), "cpp")
+        self.assertEqual(len(blocks), 1)
+        scenario, test = blocks[0].split("\n\nTEST")
+        self.assertIn(scenario.strip(), sweeps)
+        self.assertIn("TEST" + test.strip(), sweeps)
+
     def test_the_c_example_is_examples_hello(self):
         self.assertEqual(code_blocks(read("README.md"), "c"), [read("examples/hello.c")])
 
