@@ -36,8 +36,8 @@ struct Selection : LogFindContext {
     Selection &operator=(const Selection &) = delete;
     void clear();
 
-    [[nodiscard]] std::vector<std::string> names() const;     // of all entries, in their order
-    [[nodiscard]] std::vector<std::string> fetchNames();      // of those that can be fetched, until the 9
+    [[nodiscard]] std::vector<std::string> names() const; // of all entries, in their order
+    [[nodiscard]] std::vector<std::string> fetchNames();  // of those that can be fetched, until the 9
     [[nodiscard]] std::vector<std::string> fetchPaths();
 };
 
@@ -61,8 +61,8 @@ private:
 
 class SelectionTest : public testing::Test {
 protected:
-    // A configuration of a product's originator, or of a log set, whose files are in a folder of this name (the
-    // empty one is the test's own); borrowed.
+    // A configuration of a product's originator, or of a log set, whose files are in a folder of this name
+    // (the empty one is the test's own); borrowed.
     zantLogCfg *product(uint32_t productId, uint32_t originatorId, const std::string &subfolder = "");
     zantLogCfg *logSet(uint32_t productId, const std::string &name, const std::string &subfolder = "");
 

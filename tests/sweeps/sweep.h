@@ -24,7 +24,8 @@ public:
     // act() had to leave open, so that nothing is in use at its end.
     virtual void check() = 0;
 
-    // Whether the process of act() has died, in it or at its end: nothing is known then of the call it died in.
+    // Whether the process of act() has died, in it or at its end: nothing is known then of the call it died
+    // in.
     bool died = false;
     // Whether a fault was met: what is done then may be incomplete.
     bool disturbed = false;
