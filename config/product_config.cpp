@@ -2,8 +2,8 @@
 
 #include "base/bounded_text.h"
 #include "base/common_lock.h"
-#include "base/decimal.h"
 #include "config/config_record.h"
+#include "config/id_name.h"
 #include "config/open_store.h"
 #include "config/section_loader.h"
 #include "zantlog/config_store.h"
@@ -15,13 +15,6 @@ namespace {
 
 constexpr char kPathKey[] = "Configuration";
 constexpr char kNamesKey[] = "Names";
-
-// An id as the name of a section.
-struct IdName {
-    char text[kDecimalDigits + 1];
-
-    explicit IdName(uint32_t id) { BoundedText(text).number(id); }
-};
 
 OwnedText registrationText(const char *location, uint32_t productId, const char *key) {
     OpenStore store(location, IdName(productId).text);

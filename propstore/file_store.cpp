@@ -24,6 +24,12 @@ constexpr size_t kLongestDirectory = 1024; // createDirectoryTree() refuses long
 constexpr int kReplaceAttempts = 5;
 constexpr uint32_t kReplacePauseMilliseconds = 10;
 
+bool isMissing(const char *path) {
+    os::FileStatus status{};
+    const os::SystemError error = os::fileStatus(path, &status);
+    return error == os::kErrorFileNotFound || error == os::kErrorPathNotFound;
+}
+
 bool writeBanner(const char *path) {
     void *stream = os::openTextStream(path, os::StreamMode::Write);
     if (stream == nullptr) {
@@ -71,6 +77,10 @@ uint32_t fileReopenPropertyStore(PropertyFile *file) {
 uint32_t fileCreatePropertyStore(const char *path, const char *root, PropertyFile *file) {
     if (path == nullptr || root == nullptr || file == nullptr) {
         return ZANTLOG_STORE_NULL_ARGUMENT;
+    }
+    if (!isMissing(path)) {
+        // It could not be opened for a moment. Made anew it would lose all that it holds.
+        return fileOpenPropertyStore(path, root, file);
     }
     if (!createDirectoryOf(path) || !writeBanner(path)) {
         return ZANTLOG_STORE_CANNOT_CREATE;

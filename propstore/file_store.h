@@ -15,7 +15,8 @@ namespace zantlog {
 // Opens the file that the state names already; the state is left closed when that fails.
 [[nodiscard]] uint32_t fileReopenPropertyStore(PropertyFile *file);
 
-// Creates the directory and the file with its banner, and opens it. The path must contain a backslash.
+// Creates the directory and the file with its banner, and opens it. The path must contain a backslash. A file
+// that is there already is opened as it is.
 [[nodiscard]] uint32_t fileCreatePropertyStore(const char *path, const char *root, PropertyFile *file);
 
 uint32_t fileClosePropertyStore(PropertyFile *file);

@@ -115,6 +115,10 @@ SystemError deleteFile(const char *path) {
     return kErrorNone;
 }
 
+SystemError fileStatus(const char *path, FileStatus *) {
+    return seam().files.contains(path) ? kErrorNone : kErrorFileNotFound;
+}
+
 SystemError replaceFile(const char *source, const char *destination) {
     seam().calls.push_back(std::string("rename ") + source + " " + destination);
     if (!seam().replaceErrors.empty()) {

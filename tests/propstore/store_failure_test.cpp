@@ -235,6 +235,13 @@ protected:
     PropertyStore store = {};
 };
 
+TEST_F(StoreCreationFailure, AFileThatCannotBeOpenedForAMomentKeepsWhatItHolds) {
+    seam().files[kPath] = kLines;
+    seam().fail.open = 1;
+    EXPECT_EQ(0u, CreatePropertyString(kPath, "1", &store)) << "the second attempt opens it";
+    EXPECT_EQ(kLines, seam().files[kPath]);
+}
+
 TEST_F(StoreCreationFailure, DirectoryOrFileThatCannotBeMadeGives5) {
     expectFailure({.createDirectory = 1}, 5);
     expectFailure({.open = 1}, 5);

@@ -9,6 +9,13 @@ namespace zantlog::test {
 namespace {
 
 class OpenAndClose : public ProductScenario {
+public:
+    OpenAndClose() {
+        setting("LogFileSDDL", "D:(A;;FA;;;WD)"); // texts that records own
+        setting("L10nLib", "lib");
+    }
+
+private:
     void act() override {
         open();
         close();
