@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and tests everything from a clean clone: the Windows build under Wine, and on the simulated system,
-# under the address and behaviour sanitizers, all that stands above the operating system's calls. The last line is
-# "N passed, N failed"; the exit code is 0 only when tests ran and none failed.
+# under the address and behaviour sanitizers, all that stands above the operating system's calls, and several threads
+# under the thread sanitizer. The last line is "N passed, N failed"; the exit code is 0 only when tests ran and none failed.
 #
 # usage: scripts/test.sh [ARGUMENT FOR CTEST...]     for example: scripts/test.sh -L reader
 set -uo pipefail
@@ -53,13 +53,14 @@ check_format() {
     fi
 }
 
-# build PRESET
+# build PRESET [TARGET]
 build() {
     local preset=$1
+    local target=(${2:+--target "$2"})
     local log=build/$preset.log
     local start=$SECONDS
     printf '%s: building ...' "$preset"
-    if ! { cmake --preset "$preset" && cmake --build --preset "$preset" -j "$jobs"; } >"$log" 2>&1; then
+    if ! { cmake --preset "$preset" && cmake --build --preset "$preset" -j "$jobs" "${target[@]}"; } >"$log" 2>&1; then
         echo " failed"
         grep -nE 'FAILED|error|Error|undefined reference|cannot export' "$log" | head -n 40
         echo "--- the end of $log:"
@@ -109,6 +110,8 @@ scripts/setup.sh || stop "the set-up failed"
 check_format
 build windows-release
 build sim-asan
+build sim-tsan threads_tests
 run_tests windows-release "$@"
 run_tests sim-asan "$@"
+run_tests sim-tsan -R '^threads_tests$' "$@"
 end

@@ -1,7 +1,10 @@
 // Registering products at the configuration location, and what their entries say.
 #include "tests/config/test_stores.h"
+#include "tests/support/child_process.h"
+#include "tests/support/machine.h"
 
 #include <gtest/gtest.h>
+#include <iterator>
 
 namespace zantlog::test {
 namespace {
@@ -9,12 +12,29 @@ namespace {
 constexpr uint32_t kProduct = 831;
 constexpr const char *kMaker = "SOFTWARE\\KORVANE";
 
+// Two products come and go at the location that an installation has.
+ZANTLOG_CHILD(registerAtTheBuiltInLocation) {
+    setEnvironment("ZANTLOG_CFG_LOC", nullptr);
+    HandedOut path;
+    const uint32_t results[] = {zantLogAddProductCfg(kProduct, "billing", "C:\\a.conf"),
+                                zantLogAddProductCfg(832, "other", "C:\\b.conf"),
+                                zantLogRemoveProductCfg(kProduct),
+                                zantLogRemoveProductCfg(kProduct),
+                                GetProductCfgPath(GetZantLogCfgLoc(), 832, &path),
+                                zantLogRemoveProductCfg(832)};
+    const uint32_t expected[] = {0, 0, 0, 6, 0, 0};
+    for (size_t i = 0; i < std::size(expected); ++i) {
+        if (results[i] != expected[i]) {
+            return static_cast<int>(10 * (i + 1) + results[i]);
+        }
+    }
+    return 0;
+}
+
 class Registration : public testing::Test {
 protected:
     Registration() : location(makeLocation()) { removeBuiltIn(); }
     ~Registration() override { removeBuiltIn(); }
-
-    [[nodiscard]] bool atBuiltInPath() const { return location->path() == "SOFTWARE\\KORVANE\\zantlog"; }
 
     static std::string path(uint32_t product) {
         HandedOut text;
@@ -95,6 +115,11 @@ TEST_F(Registration, OfTheLastProductEndsWithTheWholeKey) {
     makeBuiltIn("831");
     ASSERT_EQ(zantLogAddProductCfg(kProduct, "billing", "C:\\a.conf"), 0U);
     EXPECT_EQ(zantLogRemoveProductCfg(kProduct), 0U);
+    EXPECT_FALSE(hasBuiltIn(""));
+}
+
+TEST_F(Registration, AtTheBuiltInLocationLeavesNothingBehind) {
+    EXPECT_EQ(runChild("registerAtTheBuiltInLocation"), 0);
     EXPECT_FALSE(hasBuiltIn(""));
 }
 
