@@ -37,13 +37,13 @@ bool holdsNoProduct(const char *location, const char *section) {
 // store's own result.
 uint32_t removeEntry(const char *product) {
     WritableStore products;
-    uint32_t result = products.open("SOFTWARE\\KORVANE", "zantlog");
+    uint32_t result = products.openExisting("SOFTWARE\\KORVANE", "zantlog");
     if (result == ZANTLOG_STORE_OK) {
         result = utiRemovePropertyRoot(products.store(), product);
     }
     if (result == ZANTLOG_STORE_OK && holdsNoProduct("SOFTWARE\\KORVANE", "zantlog")) {
         WritableStore maker;
-        if (maker.open("SOFTWARE", "KORVANE") == ZANTLOG_STORE_OK) {
+        if (maker.openExisting("SOFTWARE", "KORVANE") == ZANTLOG_STORE_OK) {
             // The product is unregistered by now, whatever comes of the empty key.
             (void)utiRemovePropertyRoot(maker.store(), "zantlog");
         }
@@ -62,7 +62,7 @@ extern "C" uint32_t zantLogAddProductCfg(uint32_t productId, const char *names, 
         return ZANTLOG_INVALID_ARGUMENT;
     }
     WritableStore entry;
-    if (!entry.create(GetZantLogCfgLoc(), IdName(productId).text)) {
+    if (!entry.openOrCreate(GetZantLogCfgLoc(), IdName(productId).text)) {
         return ZANTLOG_NOT_REGISTERED;
     }
     if (hasValue(entry.store(), kPathKey)) {
@@ -87,7 +87,7 @@ extern "C" uint32_t zantLogRemoveProductCfg(uint32_t productId) {
     const IdName product(productId);
     WritableStore entry;
     if (productPath(location, productId) == nullptr ||
-        entry.open(location, product.text) != ZANTLOG_STORE_OK) {
+        entry.openExisting(location, product.text) != ZANTLOG_STORE_OK) {
         return ZANTLOG_NOT_REGISTERED;
     }
     const CommonLock lock("zantLogRemoveProductCfg");

@@ -152,7 +152,7 @@ bool isMarked(uint32_t mask, uint32_t setting) {
 
 uint32_t saveSection(const char *path, const char *section, const zantLogCfg &cfg) {
     WritableStore target;
-    if (!target.create(path, section)) {
+    if (!target.openOrCreate(path, section)) {
         return ZANTLOG_FAILURE;
     }
     const uint32_t result = saveKeys(target.store(), ProductSaver, cfg);
@@ -167,7 +167,7 @@ uint32_t saveLogSet(const char *logSetsPath, const char *logSet, const zantLogCf
     BoundedText name(section);
     name.text(isConfigFile(logSetsPath) ? kLogSetRoot : "").text(logSet);
     WritableStore target;
-    if (name.cut() || !target.create(logSetsPath, section)) {
+    if (name.cut() || !target.openOrCreate(logSetsPath, section)) {
         return ZANTLOG_FAILURE;
     }
     uint32_t result = saveKeys(target.store(), LogSetSaver, cfg);

@@ -19,13 +19,13 @@ public:
     WritableStore &operator=(const WritableStore &) = delete;
 
     // The section must be there. The store's own result.
-    [[nodiscard]] uint32_t open(const char *location, const char *section) {
+    [[nodiscard]] uint32_t openExisting(const char *location, const char *section) {
         const uint32_t result = utiOpenPropertyStore(location, section, &store_, ZANTLOG_STORE_WRITE);
         open_ = result == ZANTLOG_STORE_OK;
         return result;
     }
     // The section is made when it is not there.
-    [[nodiscard]] bool create(const char *location, const char *section) {
+    [[nodiscard]] bool openOrCreate(const char *location, const char *section) {
         open_ = CreatePropertyString(location, section, &store_) == ZANTLOG_OK;
         return open_;
     }

@@ -35,6 +35,12 @@ if ((${#targets[@]} == 0)); then
     done
 fi
 
+if ! command -v clang++ >/dev/null; then
+    echo "clang is missing, with its fuzzing library: apt-get install clang libclang-rt-14-dev" >&2
+    exit 1
+fi
+scripts/setup.sh || exit 1
+
 build=build/fuzz
 echo "building ${#targets[@]} targets"
 if ! { cmake --preset fuzz && cmake --build --preset fuzz --target "${targets[@]/#/fuzz_}"; } >build/fuzz.log 2>&1; then

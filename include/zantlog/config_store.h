@@ -134,8 +134,8 @@ ZANTLOG_API uint32_t zantLogWriteCfg(uint32_t productId, uint32_t originatorId, 
  * @param logSet     name of the log set
  * @param cfg        the record
  * @return 0; 1 the log set could not be opened or created; 3 a null argument or a product id of 0; 4 out of
- * memory; 6 the product is not registered; 61 both masks are 0, or "FileName" was to be removed (the rest is saved then);
- * else the failed key's store result by utipsres2zantlogres(). Takes the common lock as
+ * memory; 6 the product is not registered; 61 both masks are 0, or "FileName" was to be removed (the rest is
+ * saved then); else the failed key's store result by utipsres2zantlogres(). Takes the common lock as
  * "zantLogWritelogSetCfg()".
  */
 ZANTLOG_API uint32_t zantLogWritelogSetCfg(uint32_t productId, const char *logSet, zantLogCfg *cfg);

@@ -44,7 +44,7 @@ ZANTLOG_COPIES_GUARDS void copyBytes(volatile unsigned char *to, const volatile 
 } // namespace
 
 void keepProgramImage() {
-    keptImage() = programImage();
+    takeProgramImage(&keptImage());
 }
 
 const std::vector<unsigned char> &freshProgramImage() {
@@ -56,10 +56,9 @@ const std::vector<unsigned char> &freshProgramImage() {
     return keptImage();
 }
 
-std::vector<unsigned char> programImage() {
-    std::vector<unsigned char> image(imageSize());
-    copyBytes(image.data(), zantlogProgramImageBegin, image.size());
-    return image;
+void takeProgramImage(std::vector<unsigned char> *image) {
+    image->resize(imageSize());
+    copyBytes(image->data(), zantlogProgramImageBegin, image->size());
 }
 
 void setProgramImage(const std::vector<unsigned char> &image) {

@@ -8,7 +8,7 @@ namespace zantlog::sim {
 // The bytes that a process starts with.
 const std::vector<unsigned char> &freshProgramImage();
 
-std::vector<unsigned char> programImage();
+void takeProgramImage(std::vector<unsigned char> *image);
 void setProgramImage(const std::vector<unsigned char> &image);
 
 } // namespace zantlog::sim

@@ -167,7 +167,7 @@ void passTurn(Lock &lock) {
         fatal("every process waits for another one");
     }
     if (next != &process) {
-        process.image = programImage();
+        takeProgramImage(&process.image);
         giveTurnTo(*next);
         awaitTurn(lock);
     }

@@ -20,6 +20,7 @@ private:
             folder() + "\\product.conf",
             "3.DiagnosticLevel=5\r\nLOGSET.a.LogDirectory=C:\\sweep\\sets\r\nLOGSET.a.LogFileSDDL=D:\r\n");
     }
+    [[nodiscard]] bool changesAnything() const override { return false; }
     void act() override {
         zantLogCfg cfg;
         expectRecord(zantLogReadCfg(12, 3, &cfg), &cfg);

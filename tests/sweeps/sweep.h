@@ -24,6 +24,9 @@ public:
     // act() had to leave open, so that nothing is in use at its end.
     virtual void check() = 0;
 
+    // Whether it says anything that the process dies in act(): what only reads leaves nothing behind.
+    [[nodiscard]] virtual bool changesAnything() const { return true; }
+
     // Whether the process of act() has died, in it or at its end: nothing is known then of the call it died
     // in.
     bool died = false;
