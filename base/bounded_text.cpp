@@ -60,6 +60,10 @@ BoundedText &BoundedText::signedNumber(int64_t value, unsigned minimumDigits) {
     return character('-').number(~magnitude + 1, minimumDigits);
 }
 
+BoundedText &BoundedText::twoPlaces(int32_t value) {
+    return signedNumber(value, value < 0 ? 1 : 2);
+}
+
 BoundedText &BoundedText::hexadecimal(uint64_t value) {
     char area[16];
     char *at = area + sizeof(area);

@@ -22,6 +22,7 @@ public:
     BoundedText &character(char piece);
     BoundedText &number(uint64_t value, unsigned minimumDigits = 1); // decimal, zero-padded
     BoundedText &signedNumber(int64_t value, unsigned minimumDigits = 1);
+    BoundedText &twoPlaces(int32_t value);    // as "%02d": of two places a sign takes one
     BoundedText &hexadecimal(uint64_t value); // lower case, no prefix
 
     [[nodiscard]] size_t length() const { return length_; }

@@ -16,7 +16,6 @@ namespace {
 
 constexpr char kLogSetKey[] = "\\LOGSET";
 constexpr char kLogSetRoot[] = "LOGSET.";
-constexpr size_t kLogSetSection = 1024; // more than a name in either back end can have
 
 struct Source {
     OpenStore store;
@@ -79,19 +78,23 @@ uint32_t loadSection(const char *path, const char *section, zantLogCfg *cfg) {
 }
 
 uint32_t loadLogSet(const char *logSetsPath, const char *logSet, zantLogCfg *cfg) {
-    char section[kLogSetSection];
-    BoundedText name(section);
-    name.text(isConfigFile(logSetsPath) ? kLogSetRoot : "").text(logSet);
-    if (name.cut()) {
+    LogSetSection section;
+    if (!nameLogSetSection(logSetsPath, logSet, &section)) {
         return 0;
     }
-    Source source{{logSetsPath, section}, KeyScope::LogSet, std::strcmp(logSet, kDefaultName) == 0};
+    Source source{{logSetsPath, section.name}, KeyScope::LogSet, std::strcmp(logSet, kDefaultName) == 0};
     if (!source.store.isOpen() || replaceText(&cfg->logSetName, logSet) != ZANTLOG_OK) {
         return 0;
     }
     const uint32_t found = loadKeys(source, cfg);
     cfg->changedMask = 0;
     return found;
+}
+
+bool nameLogSetSection(const char *logSetsPath, const char *logSet, LogSetSection *section) {
+    BoundedText name(section->name);
+    name.text(isConfigFile(logSetsPath) ? kLogSetRoot : "").text(logSet);
+    return !name.cut();
 }
 
 bool isConfigFile(const char *path) {

@@ -13,6 +13,12 @@ namespace zantlog {
 // A log set; returns the number of keys found. The record is left alone when the log set cannot be opened.
 [[nodiscard]] uint32_t loadLogSet(const char *logSetsPath, const char *logSet, zantLogCfg *cfg);
 
+// Name of a log set's section below the path of its product's log sets. False when it does not fit.
+struct LogSetSection {
+    char name[1024]; // more than a name in either back end can have
+};
+[[nodiscard]] bool nameLogSetSection(const char *logSetsPath, const char *logSet, LogSetSection *section);
+
 // Whether a path names a configuration file; else it is a registry path.
 [[nodiscard]] bool isConfigFile(const char *path);
 

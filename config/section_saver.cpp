@@ -8,9 +8,6 @@ namespace zantlog {
 
 namespace {
 
-constexpr char kLogSetRoot[] = "LOGSET.";
-constexpr size_t kLogSetSection = 1024; // more than a name in either back end can have
-
 enum class SavedBy { Both, ProductSaver, LogSetSaver };
 
 struct SavedKey {
@@ -48,19 +45,13 @@ uint32_t writeRolloverMode(PropertyStore *store, const char *name, const zantLog
     return utiSetPropertyAsStr(store, name, RolloverModeEnumToSettingString(cfg.rolloverMode, mode));
 }
 
-// As "%02d": two places, of which a sign takes one.
-void putTwoDigits(BoundedText &text, int64_t value) {
-    text.signedNumber(static_cast<int32_t>(value), value < 0 ? 1 : 2);
-}
-
 // Kept: hours are not reduced to those of a day, so that what is stored says what the record held.
 uint32_t writeRolloverTime(PropertyStore *store, const char *name, const zantLogCfg &cfg) {
     const int64_t hours = cfg.rolloverTime / 3600;
     char clock[32];
     BoundedText text(clock);
-    putTwoDigits(text, hours);
-    text.character(':');
-    putTwoDigits(text, (cfg.rolloverTime - hours * 3600) / 60);
+    text.twoPlaces(static_cast<int32_t>(hours)).character(':');
+    text.twoPlaces(static_cast<int32_t>((cfg.rolloverTime - hours * 3600) / 60));
     return utiSetPropertyAsStr(store, name, clock);
 }
 
@@ -163,11 +154,10 @@ uint32_t saveSection(const char *path, const char *section, const zantLogCfg &cf
 }
 
 uint32_t saveLogSet(const char *logSetsPath, const char *logSet, const zantLogCfg &cfg) {
-    char section[kLogSetSection];
-    BoundedText name(section);
-    name.text(isConfigFile(logSetsPath) ? kLogSetRoot : "").text(logSet);
+    LogSetSection section;
     WritableStore target;
-    if (name.cut() || !target.openOrCreate(logSetsPath, section)) {
+    if (!nameLogSetSection(logSetsPath, logSet, &section) ||
+        !target.openOrCreate(logSetsPath, section.name)) {
         return ZANTLOG_FAILURE;
     }
     uint32_t result = saveKeys(target.store(), LogSetSaver, cfg);

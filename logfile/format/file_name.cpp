@@ -39,20 +39,13 @@ uint32_t fieldNumber(const NameField &field) {
     return scan.unsigned32(&number) && scan.at <= field.at + field.length ? number : 0;
 }
 
-// As "%02d": two places, of which a sign takes one.
-void putTwoDigits(BoundedText &text, int32_t value) {
-    text.signedNumber(value, value < 0 ? 1 : 2);
-}
-
 } // namespace
 
 bool formatProductFilePath(char *path, size_t capacity, const char *directory, const ProductFileName &name) {
     BoundedText text(path, capacity);
     text.text(directory).number(name.productId).character('-').number(name.originatorId).character('-');
     text.number(name.hostId).character('-');
-    putTwoDigits(text, name.year);
-    putTwoDigits(text, name.month);
-    putTwoDigits(text, name.day);
+    text.twoPlaces(name.year).twoPlaces(name.month).twoPlaces(name.day);
     text.character('-').number(name.daySequence, 10).text(".log");
     return !text.cut();
 }
@@ -63,7 +56,7 @@ bool formatLogSetFilePath(char *path, size_t capacity, const char *directory, ui
     text.text(directory).number(productId).character('-').text(logSet).character('-');
     for (const int part : {localTime.tm_year - 100, localTime.tm_mon + 1, localTime.tm_mday,
                            localTime.tm_hour, localTime.tm_min, localTime.tm_sec}) {
-        putTwoDigits(text, part);
+        text.twoPlaces(part);
     }
     text.text(".log");
     return !text.cut();

@@ -52,6 +52,16 @@ public:
         return all.substr(0, all.find('\0'));
     }
 
+    // Up to 39 units without a zero, surrogates alone among them.
+    std::u16string wideText() {
+        std::u16string text;
+        for (uint32_t left = below(40); left > 0 && !empty(); --left) {
+            const auto unit = static_cast<char16_t>(number<uint16_t>());
+            text += unit != 0 ? unit : u'0';
+        }
+        return text;
+    }
+
 private:
     std::string take(size_t count) {
         if (count > left_) {

@@ -112,11 +112,7 @@ void addInteger(fuzz::FuzzInput &input, char code, zantLisArg *node, std::option
 }
 
 void addWideText(fuzz::FuzzInput &input, Arguments *arguments, zantLisArg *node) {
-    std::u16string &text = arguments->wideTexts.emplace_back();
-    for (uint32_t left = input.below(40); left > 0 && !input.empty(); --left) {
-        const auto unit = static_cast<char16_t>(input.number<uint16_t>());
-        text += unit != 0 ? unit : u'0';
-    }
+    const std::u16string &text = arguments->wideTexts.emplace_back(input.wideText());
     node->first.wide = reinterpret_cast<const wchar_t *>(text.c_str());
     const std::optional<std::string> utf8 = utf8Of(text);
     if (utf8) {

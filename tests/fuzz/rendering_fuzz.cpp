@@ -32,11 +32,7 @@ void addText(fuzz::FuzzInput &input, Object *object, zantLisArg *node) {
 }
 
 void addWideText(fuzz::FuzzInput &input, Object *object, zantLisArg *node) {
-    std::u16string &text = object->wideTexts.emplace_back();
-    for (uint32_t left = input.below(40); left > 0 && !input.empty(); --left) {
-        const auto unit = static_cast<char16_t>(input.number<uint16_t>());
-        text += unit != 0 ? unit : u'0';
-    }
+    const std::u16string &text = object->wideTexts.emplace_back(input.wideText());
     node->first.wide = reinterpret_cast<const wchar_t *>(text.c_str());
     object->foretold = false;
 }
