@@ -13,7 +13,7 @@ work=$root/build/bench-store
 "$root/scripts/setup.sh"
 cd "$root"
 cmake --preset windows-release >/dev/null
-cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench query_bench selection_bench
+cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench query_bench selection_bench reload_bench
 cmake --preset native-release >/dev/null
 cmake --build --preset native-release --target serialize_bench read_bench query_bench selection_bench
 
@@ -38,6 +38,9 @@ title "queries, natively"
 "$native/bin/query_bench"
 title "queries, under Wine"
 scripts/wine-run "$build/bin/query_bench.exe"
+
+title "levels that follow the store, under Wine"
+scripts/wine-run "$build/bin/reload_bench.exe"
 
 title "heap blocks"
 rm -rf "$work"
