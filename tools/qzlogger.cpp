@@ -7,6 +7,7 @@
 #include "tools/command_line.h"
 #include "tools/exit_codes.h"
 #include "tools/message_lines.h"
+#include "tools/qzlogger_check.h"
 #include "tools/qzlogger_log.h"
 #include "tools/qzlogger_options.h"
 #include "tools/result_text.h"
@@ -70,6 +71,9 @@ int sendText(Log *log, const std::string &text) {
 }
 
 int run(const LoggerOptions &options) {
+    if (!options.catalogs.empty()) {
+        return checkCatalogs(options.catalogs);
+    }
     Input input;
     if (options.from && !openInput(*options.from, &input)) {
         return fail("cannot open " + input.name + ": " + std::strerror(errno));

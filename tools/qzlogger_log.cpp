@@ -24,12 +24,28 @@ void warn(uint32_t result) {
 } // namespace
 
 uint32_t Log::open() {
-    const uint32_t result = options_.family == Family::secureAudit ? openSecure() : openFile();
+    uint32_t result = options_.family == Family::secureAudit ? openSecure() : openFile();
+    if (result == ZANTLOG_OK && options_.context) {
+        result = openContext();
+    }
     open_ = result == ZANTLOG_OK;
     if (!open_) {
         (void)zantLogClose(&handle_); // what a failed open leaves behind
     }
     return result;
+}
+
+// Messages go through the context's handle from here on.
+uint32_t Log::openContext() {
+    const uint32_t result = zantLogCreateContext(&handle_, &context_, options_.context->c_str(), 0, "%s",
+                                                 codePageFromUtf8(options_.title).c_str());
+    if (result != ZANTLOG_OK) {
+        (void)zantLogDestroyContext(&context_);
+        return result;
+    }
+    context_.catalogSelector = handle_.catalogSelector; // a context does not take it over
+    target_ = &context_;
+    return ZANTLOG_OK;
 }
 
 uint32_t Log::openFile() {
@@ -78,6 +94,10 @@ uint32_t Log::close() {
         return ZANTLOG_OK;
     }
     open_ = false;
+    if (target_ == &context_) {
+        target_ = &handle_;
+        (void)zantLogDestroyContext(&context_); // before its parent
+    }
     const uint32_t result = zantLogClose(&handle_);
     // A secure handle has no file to close, and says so.
     return options_.family == Family::secureAudit ? uint32_t{ZANTLOG_OK} : result;
@@ -93,13 +113,12 @@ uint32_t Log::send(const std::string &text, uint32_t index) {
 uint32_t Log::sendText(const char *text, uint32_t sequence, uint32_t flags) {
     switch (options_.family) {
     case Family::application:
-        return zantLogAppMsg2Ex(&handle_, sequence, flags, options_.severity, options_.who.c_str(), 0, "%s",
+        return zantLogAppMsg2Ex(target_, sequence, flags, options_.severity, options_.who.c_str(), 0, "%s",
                                 text);
     case Family::diagnostic:
-        return zantLogDiagMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(), 0, "%s",
-                               text);
+        return zantLogDiagMsg2(target_, sequence, flags, options_.level, options_.who.c_str(), 0, "%s", text);
     case Family::debug:
-        return zantLogDebugMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(), "%s", text);
+        return zantLogDebugMsg2(target_, sequence, flags, options_.level, options_.who.c_str(), "%s", text);
     default:
         return ZANTLOG_INVALID_ARGUMENT;
     }
@@ -110,17 +129,17 @@ uint32_t Log::sendCatalogMessage(const wchar_t *text, uint32_t sequence, uint32_
     const uint32_t id = options_.messageId;
     switch (options_.family) {
     case Family::application:
-        return zantLogAppMsg2Ex(&handle_, sequence, flags, options_.severity, options_.who.c_str(), id, "%ls",
+        return zantLogAppMsg2Ex(target_, sequence, flags, options_.severity, options_.who.c_str(), id, "%ls",
                                 text);
     case Family::diagnostic:
-        return zantLogDiagMsg2(&handle_, sequence, flags, options_.level, options_.who.c_str(), id, "%ls",
+        return zantLogDiagMsg2(target_, sequence, flags, options_.level, options_.who.c_str(), id, "%ls",
                                text);
     case Family::audit:
-        return zantLogAuditMsg2(&handle_, sequence, flags, options_.subject.c_str(), options_.outcome, id,
+        return zantLogAuditMsg2(target_, sequence, flags, options_.subject.c_str(), options_.outcome, id,
                                 "%ls", text);
     case Family::secureAudit:
         // The subject is a native text in the event log.
-        return zantLogSecureAuditMsg(&handle_, options_.level, codePageFromUtf8(options_.subject).c_str(),
+        return zantLogSecureAuditMsg(target_, options_.level, codePageFromUtf8(options_.subject).c_str(),
                                      options_.outcome, id, "%ls", text);
     default:
         return ZANTLOG_INVALID_ARGUMENT;
@@ -132,13 +151,13 @@ std::string Log::filterNote() {
     uint32_t result = ZANTLOG_OK;
     switch (options_.family) {
     case Family::diagnostic:
-        result = zantLogGetDiagLevel(&handle_, &highest);
+        result = zantLogGetDiagLevel(target_, &highest);
         break;
     case Family::debug:
-        result = zantLogGetDebugLevel(&handle_, &highest);
+        result = zantLogGetDebugLevel(target_, &highest);
         break;
     case Family::secureAudit:
-        result = zantLogGetSecureAuditLevel(&handle_, &highest);
+        result = zantLogGetSecureAuditLevel(target_, &highest);
         break;
     default:
         break;

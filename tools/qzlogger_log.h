@@ -31,11 +31,14 @@ private:
     [[nodiscard]] uint32_t openFile();
     [[nodiscard]] uint32_t openSecure();
     [[nodiscard]] uint32_t openEventLog();
+    [[nodiscard]] uint32_t openContext();
     [[nodiscard]] uint32_t sendText(const char *text, uint32_t sequence, uint32_t flags);
     [[nodiscard]] uint32_t sendCatalogMessage(const wchar_t *text, uint32_t sequence, uint32_t flags);
 
     const LoggerOptions &options_;
     zantLogHandle handle_{};
+    zantLogHandle context_{};
+    zantLogHandle *target_ = &handle_; // of messages: the context, when there is one
     bool open_ = false;
 };
 

@@ -60,6 +60,7 @@ const Attribute kAttributes[] = {
     {"--outcome", {Family::audit, Family::secureAudit}},
     {"--message-id", {Family::application, Family::diagnostic, Family::audit, Family::secureAudit}},
     {"--sequence", {Family::application, Family::diagnostic, Family::debug, Family::audit}},
+    {"--context", {Family::application, Family::diagnostic, Family::debug, Family::audit}},
     {"--log-set", {Family::application, Family::diagnostic, Family::debug, Family::audit}},
     {"--stdout", {Family::application, Family::diagnostic, Family::debug}},
     {"--stderr", {Family::application, Family::diagnostic}},
@@ -110,6 +111,7 @@ struct CommandLine {
     uint32_t sequence = 0;
     std::optional<std::string> who;
     std::optional<std::string> subject;
+    std::optional<std::string> title;
 };
 
 void defineFamilies(CLI::App &app) {
@@ -141,6 +143,9 @@ void defineOptions(CLI::App &app, CommandLine *line) {
     addNumber(app, "--product", &options.product, 1, UINT32_MAX, "product id");
     addNumber(app, "--originator", &options.originator, 1, UINT32_MAX, "originator id");
     addTextOption(app, "--log-set", &options.logSet, "NAME", "write the file of this log set");
+    addTextOption(app, "--context", &options.context, "TOKEN",
+                  "begin a context: its token stands in all messages of this run");
+    addTextOption(app, "--title", &line->title, "TEXT", "of the context");
     defineFamilies(app);
     defineAttributes(app, line);
     addTextOption(app, "--from", &options.from, "FILE",
@@ -149,6 +154,9 @@ void defineOptions(CLI::App &app, CommandLine *line) {
     app.add_flag("--stderr")->description("also print application and diagnostic messages on standard error");
     app.add_flag("--event-log")->description("also report application messages to the event log");
     addTextOption(app, "text", &options.text, "TEXT", "the message; put -- before one that begins with -");
+    app.add_option("--check-catalog", options.catalogs,
+                   "log nothing: name the malformed lines of these message catalogs")
+        ->type_name("FILE...");
     app.set_version_flag("--version", std::string(kVersion), "print the version");
 }
 
@@ -214,6 +222,32 @@ void checkLogSet(const LoggerOptions &options) {
     }
 }
 
+// A token stands in messages whose texts are UTF-8 and in the context's own, whose texts are native.
+void checkContext(const CommandLine &line) {
+    const std::optional<std::string> &token = line.options.context;
+    if (line.title && !token) {
+        usageError("--title needs --context: it is the title of a context");
+    }
+    if (!token) {
+        return;
+    }
+    if (token->empty() || std::any_of(token->begin(), token->end(), [](char byte) {
+            return static_cast<unsigned char>(byte) < ' ' || static_cast<unsigned char>(byte) > '~';
+        })) {
+        usageError("--context takes a token of ASCII characters, not \"" + *token + "\"");
+    }
+}
+
+// A check goes alone.
+void checkLoneCatalogs(const CLI::App &app) {
+    for (const CLI::Option *option : app.get_options()) {
+        if (option->count() > 0 && !option->check_name("--check-catalog")) {
+            usageError("--check-catalog logs nothing and goes with nothing else, also not with " +
+                       option->get_name());
+        }
+    }
+}
+
 void checkText(const LoggerOptions &options) {
     if (options.text && options.from) {
         usageError("a text and --from exclude each other");
@@ -225,11 +259,16 @@ void checkText(const LoggerOptions &options) {
 
 void complete(const CLI::App &app, CommandLine *line) {
     LoggerOptions &options = line->options;
+    if (!options.catalogs.empty()) {
+        checkLoneCatalogs(app);
+        return;
+    }
     requireIds(app);
     options.family = chosenFamily(app);
     checkAttributes(app, options.family);
     checkLevel(options);
     checkLogSet(options);
+    checkContext(*line);
     checkText(options);
     if (app.count("--level") == 0 && options.family == Family::secureAudit) {
         options.level = 0;
@@ -241,6 +280,7 @@ void complete(const CLI::App &app, CommandLine *line) {
     const bool needsWho = options.family == Family::diagnostic || options.family == Family::debug;
     options.who = line->who.value_or(needsWho ? "qzlogger" : "");
     options.subject = line->subject.value_or("");
+    options.title = line->title.value_or("");
     options.outputFlags = (app.count("--stdout") > 0 ? static_cast<uint32_t>(ZANTLOG_TO_STDOUT) : 0U) |
                           (app.count("--stderr") > 0 ? static_cast<uint32_t>(ZANTLOG_TO_STDERR) : 0U) |
                           (app.count("--event-log") > 0 ? static_cast<uint32_t>(ZANTLOG_TO_EVENT_LOG) : 0U);

@@ -12,6 +12,7 @@
 #include "zantlog/event_log.h"
 #include "zantlog/export.h"
 #include "zantlog/handle.h"
+#include "zantlog/localizer.h"
 #include "zantlog/log_file.h"
 #include "zantlog/logging.h"
 #include "zantlog/message.h"

@@ -64,3 +64,24 @@ class TheCatalogDll(unittest.TestCase):
         imported = {name.lower() for name in dll_file.imports(self.dll)}
         self.assertGreater(len(imported), 0)
         self.assertEqual(imported - OF_WINDOWS, set())
+
+
+class TheLocalizerDll(unittest.TestCase):
+    def setUp(self):
+        self.dll = os.path.join(settings.BIN, "localizer/zantLogFormatMsg_3.dll")
+
+    def test_exports_what_its_def_file_lists(self):
+        listed = dll_file.listed_exports(os.path.join(settings.SOURCE, "localizer/zantLogFormatMsg_3.def"))
+        self.assertEqual(sorted(dll_file.exports(self.dll)), sorted(listed))
+
+    def test_imports_only_windows_own_dlls_and_the_two_of_the_library(self):
+        imported = {name.lower() for name in dll_file.imports(self.dll)}
+        self.assertEqual(imported - OF_WINDOWS - {CATALOG}, {"zantlog_3.dll"})
+
+    def test_has_allocator_lock_and_configuration_from_the_library(self):
+        used = set(dll_file.imports(self.dll)["zantlog_3.dll"])
+        self.assertEqual(used, {"strncatlis", "zantLockCommon", "zantLogFree", "zantLogFreeCfg", "zantLogMalloc",
+                                "zantLogReadCfg", "zantLogSafeStrdup", "zantUnlockCommon"})
+
+    def test_has_version_3_9_0_3(self):
+        self.assertEqual(dll_file.file_version(self.dll), (3, 9, 0, 3))

@@ -29,7 +29,7 @@ def undocumented(texts, names):
     """The names with no prototype that has a comment of its own right before it; texts are headers."""
     found = set()
     for text in texts:
-        for match in re.finditer(r"\*/\n(?:ZANTLOG_API|ZANTLIS_API)[^;{}]*?\b(\w+)\(", text):
+        for match in re.finditer(r"\*/\n(?:ZANTLOG_API|ZANTLIS_API|ZANTLOG_LOCALIZER_API)[^;{}]*?\b(\w+)\(", text):
             found.add(match[1])
     return sorted(set(names) - found)
 
@@ -73,6 +73,10 @@ class Documentation(unittest.TestCase):
 
     def test_every_catalog_function_has_a_prototype_with_its_comment(self):
         names = dll_file.listed_exports(os.path.join(settings.SOURCE, "catalog/qzlis_3.def"))
+        self.assertEqual(undocumented(self.texts(), names), [])
+
+    def test_every_localizer_function_has_a_prototype_with_its_comment(self):
+        names = dll_file.listed_exports(os.path.join(settings.SOURCE, "localizer/zantLogFormatMsg_3.def"))
         self.assertEqual(undocumented(self.texts(), names), [])
 
     def test_a_missing_comment_is_seen(self):

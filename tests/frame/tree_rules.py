@@ -17,6 +17,8 @@ ARROWS = {
     "reader": ["logfile/format", "config", "base", "logfile/os"],
     "logfile/writer": ["reader", "logfile/format", "config", "base", "logfile/os"],
     "api": ["logfile/writer", "reader", "logfile/format", "config", "propstore", "base", "logfile/os"],
+    # Loaded by the library, and over its exports.
+    "localizer": ["base", "logfile/os"],
     # Outside the library: the public headers only.
     "catalog": [],
     "tools": [],

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "tests/sim/clock.h"
 #include "tests/sim/scheduler.h"
@@ -19,8 +20,12 @@ std::shared_ptr<Node> newRoot() {
 // Enough of the grammar to tell a descriptor from another text: parts that begin with an owner, a group or a
 // list.
 bool isDescriptor(const char *sddl) {
-    return sddl != nullptr && std::strlen(sddl) > 1 && std::strchr("OGDS", sddl[0]) != nullptr &&
-           sddl[1] == ':';
+    if (sddl == nullptr || std::strlen(sddl) < 2 || std::strchr("OGDS", sddl[0]) == nullptr ||
+        sddl[1] != ':') {
+        return false;
+    }
+    const std::string_view text = sddl;
+    return std::count(text.begin(), text.end(), '(') == std::count(text.begin(), text.end(), ')');
 }
 
 } // namespace

@@ -263,6 +263,18 @@ TEST_F(LoggerTest, LogSet) {
     EXPECT_EQ(lines()[0].substr(0, 6), "2,3,1,");
 }
 
+TEST_F(LoggerTest, ContextStampsItsTokenIntoAllMessages) {
+    setting("Default", "DebugLevel", "6");
+    expectLogged({"--app", "--context", "job-7", "--title", "nightly 100 % \xC3\xBC", "--from", "-"},
+                 "one\n\xC3\xBC\n");
+    expectLogged({"--debug", "--context", "job-8", "x"});
+    expectLogged({"--audit", "--context", "job-9", "--message-id", "4711", "login"});
+    EXPECT_EQ(rests(),
+              (Rests{"0:,16:nightly 100 % \xC3\xBC,5:job-7,(1|S15:nightly 100 % \xFC|)", "5:job-7,3:one,0:,0,(0|)",
+                     "5:job-7,2:\xC3\xBC,0:,0,(0|)", "0:,0:,5:job-8,(1|S0:|)", "5:job-8,1:x,8:qzlogger,1",
+                     "0:,0:,5:job-9,(1|S0:|)", "5:job-9,0:,0:,0,(1|A5:login|)"}));
+}
+
 TEST_F(LoggerTest, UnknownLogSet) {
     const ToolRun run = log({"--app", "--log-set", "no such set", "x"});
     EXPECT_EQ(run.exitCode, 1);
@@ -317,6 +329,12 @@ TEST_F(LoggerTest, WrongCommandLines) {
                      "--log-set takes a name without \"-\", not \"night-ly\"");
     expectUsageError({"--app", "--log-set", "", "x"},
                      "--log-set takes the name of a log set, not an empty one");
+    expectUsageError({"--secure-audit", "--message-id", "1", "--context", "t", "x"},
+                     "--context does not go with --secure-audit");
+    expectUsageError({"--app", "--title", "t", "x"}, "--title needs --context");
+    expectUsageError({"--app", "--context", "", "x"}, "--context takes a token of ASCII characters");
+    expectUsageError({"--app", "--context", "\xC3\xBC", "x"}, "--context takes a token of ASCII characters");
+    expectUsageError({"--check-catalog", "x.msg"}, "--check-catalog logs nothing");
     expectUsageError({"--audit", "x"}, "--audit needs --message-id");
     expectUsageError({"--secure-audit", "x"}, "--secure-audit needs --message-id");
     expectUsageError({"--app", "--message-id", "0", "x"}, "--message-id takes a number from 1 to 4294967295");
