@@ -46,7 +46,7 @@ Settings *settingsOf(uint32_t product, uint32_t originator) {
     return &taken;
 }
 
-void read(Settings *settings) {
+void readSettings(Settings *settings) {
     settings->directory.reset();
     settings->name.reset();
     const OwnedBlock<zantLogCfg> cfg = allocateBlock<zantLogCfg>(1);
@@ -72,7 +72,7 @@ Resource configured(uint32_t product, uint32_t originator) {
         settings->product = product;
         settings->originator = originator;
         settings->readAt = now;
-        read(settings);
+        readSettings(settings);
     }
     return {.directory = settings->directory.get(), .name = settings->name.get()};
 }

@@ -270,9 +270,9 @@ TEST_F(LoggerTest, ContextStampsItsTokenIntoAllMessages) {
     expectLogged({"--debug", "--context", "job-8", "x"});
     expectLogged({"--audit", "--context", "job-9", "--message-id", "4711", "login"});
     EXPECT_EQ(rests(),
-              (Rests{"0:,16:nightly 100 % \xC3\xBC,5:job-7,(1|S15:nightly 100 % \xFC|)", "5:job-7,3:one,0:,0,(0|)",
-                     "5:job-7,2:\xC3\xBC,0:,0,(0|)", "0:,0:,5:job-8,(1|S0:|)", "5:job-8,1:x,8:qzlogger,1",
-                     "0:,0:,5:job-9,(1|S0:|)", "5:job-9,0:,0:,0,(1|A5:login|)"}));
+              (Rests{"0:,16:nightly 100 % \xC3\xBC,5:job-7,(1|S15:nightly 100 % \xFC|)",
+                     "5:job-7,3:one,0:,0,(0|)", "5:job-7,2:\xC3\xBC,0:,0,(0|)", "0:,0:,5:job-8,(1|S0:|)",
+                     "5:job-8,1:x,8:qzlogger,1", "0:,0:,5:job-9,(1|S0:|)", "5:job-9,0:,0:,0,(1|A5:login|)"}));
 }
 
 TEST_F(LoggerTest, UnknownLogSet) {
