@@ -1,4 +1,4 @@
-#include "tools/command_line.h"
+#include "tools/common/command_line.h"
 
 #include <windows.h>
 

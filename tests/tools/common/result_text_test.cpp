@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tools/result_text.h"
+#include "tools/common/result_text.h"
 
 using zantlog::tools::resultText;
 

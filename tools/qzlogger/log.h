@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tools/qzlogger_options.h"
+#include "tools/qzlogger/options.h"
 #include "zantlog/handle.h"
 
 namespace zantlog::tools {

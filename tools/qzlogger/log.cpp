@@ -1,10 +1,10 @@
-#include "tools/qzlogger_log.h"
+#include "tools/qzlogger/log.h"
 
 #include <iostream>
 #include <memory>
 
-#include "tools/command_line.h"
-#include "tools/result_text.h"
+#include "tools/common/command_line.h"
+#include "tools/common/result_text.h"
 #include "zantlog/zantlog.h"
 
 namespace zantlog::tools {

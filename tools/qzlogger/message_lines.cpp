@@ -1,6 +1,6 @@
-#include "tools/message_lines.h"
+#include "tools/qzlogger/message_lines.h"
 
-#include "tools/command_line.h"
+#include "tools/common/command_line.h"
 
 namespace zantlog::tools {
 

@@ -8,7 +8,7 @@
 
 #include "tests/api/product_fixture.h"
 #include "tests/support/log_folder.h"
-#include "tests/tools/run_tool.h"
+#include "tests/tools/support/run_tool.h"
 
 using namespace zantlog::test;
 

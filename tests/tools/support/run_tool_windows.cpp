@@ -1,4 +1,4 @@
-#include "tests/tools/run_tool.h"
+#include "tests/tools/support/run_tool.h"
 
 #include <windows.h>
 

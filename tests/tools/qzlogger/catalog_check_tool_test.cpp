@@ -6,7 +6,7 @@
 #include "tests/api/localizer_library.h"
 #include "tests/api/product_fixture.h"
 #include "tests/support/files.h"
-#include "tests/tools/run_tool.h"
+#include "tests/tools/support/run_tool.h"
 
 using namespace zantlog::test;
 

@@ -1,10 +1,10 @@
-#include "tools/qzlogger_check.h"
+#include "tools/qzlogger/check.h"
 
 #include <iostream>
 
-#include "tools/command_line.h"
-#include "tools/exit_codes.h"
-#include "tools/result_text.h"
+#include "tools/common/command_line.h"
+#include "tools/common/exit_codes.h"
+#include "tools/common/result_text.h"
 #include "zantlog/zantlog.h"
 
 namespace zantlog::tools {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tools/message_lines.h"
+#include "tools/qzlogger/message_lines.h"
 
 using namespace zantlog::tools;
 

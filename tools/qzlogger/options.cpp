@@ -1,4 +1,4 @@
-#include "tools/qzlogger_options.h"
+#include "tools/qzlogger/options.h"
 
 #include <CLI/CLI.hpp>
 
@@ -6,7 +6,7 @@
 #include <charconv>
 #include <iostream>
 
-#include "tools/exit_codes.h"
+#include "tools/common/exit_codes.h"
 #include "zantlog/logging.h"
 
 namespace zantlog::tools {

@@ -1,4 +1,4 @@
-#include "tools/result_text.h"
+#include "tools/common/result_text.h"
 
 #include "zantlog/results.h"
 

@@ -4,13 +4,13 @@
 #include <fstream>
 #include <iostream>
 
-#include "tools/command_line.h"
-#include "tools/exit_codes.h"
-#include "tools/message_lines.h"
-#include "tools/qzlogger_check.h"
-#include "tools/qzlogger_log.h"
-#include "tools/qzlogger_options.h"
-#include "tools/result_text.h"
+#include "tools/common/command_line.h"
+#include "tools/common/exit_codes.h"
+#include "tools/common/result_text.h"
+#include "tools/qzlogger/check.h"
+#include "tools/qzlogger/log.h"
+#include "tools/qzlogger/message_lines.h"
+#include "tools/qzlogger/options.h"
 
 using namespace zantlog::tools;
 
