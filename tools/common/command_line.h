@@ -21,5 +21,11 @@ std::string utf8FromCodePage(const std::string &text);
 std::string codePageFromUtf8(const std::string &text);
 
 std::wstring wideFromUtf8(const std::string &text);
+std::string utf8FromWide(const std::wstring &text);
+
+// Of this process, and of what the library reads in it.
+void setEnvironment(const std::string &name, const std::string &value);
+// Also with an empty value.
+bool hasEnvironment(const std::string &name);
 
 } // namespace zantlog::tools

@@ -72,4 +72,19 @@ std::wstring wideFromUtf8(const std::string &text) {
     return text.empty() ? std::wstring() : widen(CP_UTF8, text);
 }
 
+std::string utf8FromWide(const std::wstring &text) {
+    return text.empty() ? std::string() : narrow(CP_UTF8, text.data(), text.size());
+}
+
+void setEnvironment(const std::string &name, const std::string &value) {
+    SetEnvironmentVariableW(wideFromUtf8(name).c_str(), wideFromUtf8(value).c_str());
+}
+
+bool hasEnvironment(const std::string &name) {
+    // An empty value has length 0 too; only the error tells it from a missing one.
+    SetLastError(ERROR_SUCCESS);
+    return GetEnvironmentVariableW(wideFromUtf8(name).c_str(), nullptr, 0) != 0 ||
+           GetLastError() != ERROR_ENVVAR_NOT_FOUND;
+}
+
 } // namespace zantlog::tools
