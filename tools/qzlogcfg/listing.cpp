@@ -86,15 +86,16 @@ Json jsonOfSection(const Registration &registration, const SectionName &section)
 }
 
 void printSection(const Registration &registration, const SectionName &section, std::ostream &output) {
-    output << nameOfProduct(registration) << ", " << section.words() << ", in the "
-           << locationWords(registration.configuration) << '\n';
+    const std::vector<EffectiveSetting> all =
+        effectiveSettings(registration.product, registration.configuration, section);
     TextTable table;
-    for (const EffectiveSetting &effective :
-         effectiveSettings(registration.product, registration.configuration, section)) {
+    for (const EffectiveSetting &effective : all) {
         table.add({"  " + std::string(effective.setting->key),
                    effective.value.empty() ? "-" : effective.value,
                    originWords(effective.origin, section.kind)});
     }
+    output << nameOfProduct(registration) << ", " << section.words() << ", in the "
+           << locationWords(registration.configuration) << '\n';
     table.print(output);
 }
 

@@ -76,7 +76,7 @@ const std::vector<Setting> &table() {
          kBoth,
          1,
          kLongText,
-         {"originator-names"},
+         {"names", "originator-names"},
          "names of the originators, separated by commas or blanks",
          textOf<&zantLogCfg::originatorNames>},
         {"L10nLib",
