@@ -29,7 +29,7 @@ build_everything() {
     cd "$root"
     cmake --preset windows-release >"$root/build/configure.log" || { cat "$root/build/configure.log" >&2; exit 1; }
     echo "building the library and its tools"
-    cmake --build --preset windows-release --target qzlogger read_log >"$root/build/demo-build.log" || {
+    cmake --build --preset windows-release --target qzlogger qzlogcfg read_log >"$root/build/demo-build.log" || {
         tail -n 30 "$root/build/demo-build.log" >&2
         exit 1
     }
@@ -44,16 +44,13 @@ take_input() {
     tr -d '\r\000' <"$input" | awk -v most="$maximum_lines" '/[^[:space:]]/ && ++lines <= most' >"$work/input.txt"
 }
 
-# A store says where the configuration of each product is; this one registers product 12.
-make_store() {
-    printf '12.Configuration=%s\r\n12.Names=demo\r\n' "$(windows_path "$work/product-12.conf")" >"$work/products.conf"
-    {
-        printf 'Default.LogDirectory=%s\\\r\n' "$(windows_path "$work/logs")"
-        printf 'Default.RolloverMode=FileSize\r\n'
-        printf 'Default.MaxLogFileSizeKB=%d\r\n' "$maximum_kb"
-    } >"$work/product-12.conf"
+# Registers product 12 and says where its log files go. The configuration is kept in files of this demo's.
+configure() {
     export ZANTLOG_CFG_LOC
     ZANTLOG_CFG_LOC=$(windows_path "$work/products.conf")
+    run qzlogcfg register 12 --names demo --config "$(windows_path "$work/product-12.conf")"
+    run qzlogcfg set demo default "LogDirectory=$(windows_path "$work/logs")" RolloverMode=FileSize \
+        "MaxLogFileSizeKB=${maximum_kb}KB"
 }
 
 log_with_two_processes() {
@@ -95,7 +92,8 @@ build_everything
 rm -rf "$work"
 mkdir -p "$work/read"
 take_input
-make_store
+say "product 12 is registered and configured"
+configure
 say "two processes log the $(wc -l <"$work/input.txt") lines of $input at once"
 log_with_two_processes
 say "the files (a new one at $maximum_kb KB)"

@@ -29,6 +29,14 @@ def run(program, *arguments, location):
     return subprocess.run(command, env=environment, capture_output=True, text=True, timeout=60)
 
 
+def words_of(command):
+    return [quoted or plain for quoted, plain in re.findall(r'"([^"]*)"|(\S+)', command)]
+
+
+def bat_blocks():
+    return [block.splitlines() for block in code_blocks(read("README.md"), "bat")]
+
+
 class Readme(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -36,12 +44,13 @@ class Readme(unittest.TestCase):
         self.folder = folder.name
         self.location = os.path.join(self.folder, "products.conf")
 
-        # The two files as README.md shows them, in a folder of this test's.
-        (block,) = code_blocks(read("README.md"), "ini")
-        for line in block.splitlines():
-            name, content = line.split()
-            with open(os.path.join(self.folder, name.split("\\")[-1]), "w", newline="") as file:
-                file.write(content.replace("C:\\logs\\", windows_path(self.folder) + "\\") + "\r\n")
+        # Registered as README.md shows it, in a folder of this test's.
+        setting, *commands = bat_blocks()[0]
+        self.assertEqual(setting, "set ZANTLOG_CFG_LOC=C:\\logs\\products.conf")
+        for command in commands:
+            program, *arguments = words_of(command.replace("C:\\logs", windows_path(self.folder)))
+            done = run(program + ".exe", *arguments, location=self.location)
+            self.assertEqual((done.returncode, done.stderr), (0, ""), command)
 
     def log_lines(self):
         (path,) = glob.glob(os.path.join(self.folder, "12-3-*.log"))
@@ -69,10 +78,46 @@ class Readme(unittest.TestCase):
         self.assertEqual(end, "")
 
     def test_the_command_line_logs_the_same(self):
-        (command,) = code_blocks(read("README.md"), "bat")
-        program, *arguments = re.findall(r'"([^"]*)"|(\S+)', command)
-        arguments = [quoted or plain for quoted, plain in arguments]
-        self.assertEqual("".join(program), "qzlogger")
+        (command,) = bat_blocks()[1]
+        program, *arguments = words_of(command)
+        self.assertEqual(program, "qzlogger")
         done = run("qzlogger.exe", *arguments, location=self.location)
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
         self.assertRegex(self.log_lines()[1], r"^2,12,3,3,1,.*,20:disk C: is 93 % full,0:,2,\(0\|\)$")
+
+
+class Tools(unittest.TestCase):
+    """The examples of docs/tools.md, one after the other as they stand there."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+        self.location = os.path.join(self.folder, "products.conf")
+
+    def qzlogcfg(self, *arguments):
+        return run("qzlogcfg.exe", *arguments, location=self.location)
+
+    def test_the_examples_of_the_configuration_tool(self):
+        (block,) = code_blocks(read("docs/tools.md"), "console")
+        for command in block.splitlines():
+            program, *arguments = words_of(command.replace("C:\\shop", windows_path(self.folder)))
+            self.assertEqual(program, "qzlogcfg")
+            done = self.qzlogcfg(*arguments)
+            self.assertEqual((done.returncode, done.stderr), (0, ""), command + done.stdout)
+
+    def completed(self, *words):
+        """What bash offers for the last word."""
+        script = self.qzlogcfg("completion", "bash").stdout
+        line = "COMP_WORDS=(qzlogcfg " + " ".join(f"'{word}'" for word in words) + f"); COMP_CWORD={len(words)}"
+        ask = f'{script}\n{line}\ncompopt() {{ :; }}\n_qzlogcfg\nprintf "%s\\n" "${{COMPREPLY[@]}}"'
+        done = subprocess.run(["bash", "-c", ask], capture_output=True, text=True, timeout=60)
+        self.assertEqual(done.stderr, "")
+        return done.stdout.split()
+
+    def test_bash_completes_commands_options_and_keys(self):
+        self.assertEqual(self.completed("un"), ["unset", "unregister"])
+        self.assertEqual(self.completed("--location", "x.conf", "di"), ["diff"])
+        self.assertEqual(self.completed("set", "12", "3", "Debug"), ["DebugLevel="])
+        self.assertEqual(self.completed("unset", "12", "3", "Debug"), ["DebugLevel"])
+        self.assertEqual(self.completed("import", "x.json", "--r"), ["--replace"])
