@@ -82,20 +82,27 @@ uint32_t utf8FromWide(const wchar_t *text, size_t textLength, OwnedText *out) {
     return ZANTLOG_OK;
 }
 
+bool decodeUtf8(const char *text, size_t bytes, wchar_t *buffer, size_t capacity, size_t *length) {
+    if (bytes > kLongestText || capacity > kLongestText) {
+        return false;
+    }
+    int32_t units = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    u_strFromUTF8(asUtf16(buffer), static_cast<int32_t>(capacity), &units, text, static_cast<int32_t>(bytes),
+                  &status);
+    *length = static_cast<size_t>(units);
+    return !U_FAILURE(status);
+}
+
 uint32_t wideFromUtf8(const char *text, OwnedWideText *out) {
     const size_t bytes = std::strlen(text);
-    if (bytes > kLongestText) {
-        return ZANTLOG_OUT_OF_MEMORY;
-    }
     // No character has fewer bytes in UTF-8 than it has units in UTF-16.
-    OwnedWideText converted = allocateBlock<wchar_t>(bytes + 1);
+    OwnedWideText converted = bytes < kLongestText ? allocateBlock<wchar_t>(bytes + 1) : nullptr;
     if (converted == nullptr) {
         return ZANTLOG_OUT_OF_MEMORY;
     }
-    UErrorCode status = U_ZERO_ERROR;
-    u_strFromUTF8(asUtf16(converted.get()), static_cast<int32_t>(bytes + 1), nullptr, text,
-                  static_cast<int32_t>(bytes), &status);
-    if (U_FAILURE(status)) {
+    size_t length = 0;
+    if (!decodeUtf8(text, bytes, converted.get(), bytes + 1, &length)) {
         return ZANTLOG_FAILURE;
     }
     *out = std::move(converted);

@@ -11,6 +11,11 @@ namespace zantlog {
 [[nodiscard]] bool encodeUtf8(const wchar_t *text, size_t textLength, char *buffer, size_t capacity,
                               size_t *length);
 
+// UTF-8 to UTF-16 into a buffer with room for one unit a byte and a terminator, which it gets. False for what
+// is not UTF-8.
+[[nodiscard]] bool decodeUtf8(const char *text, size_t bytes, wchar_t *buffer, size_t capacity,
+                              size_t *length);
+
 // UTF-16 to UTF-8 in new memory. Result codes: 0; 1 a lone surrogate; 4 out of memory.
 [[nodiscard]] uint32_t utf8FromWide(const wchar_t *text, size_t textLength, OwnedText *out);
 

@@ -13,9 +13,9 @@ work=$root/build/bench-store
 "$root/scripts/setup.sh"
 cd "$root"
 cmake --preset windows-release >/dev/null
-cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench query_bench selection_bench reload_bench
+cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench parse_bench query_bench selection_bench reload_bench
 cmake --preset native-release >/dev/null
-cmake --build --preset native-release --target serialize_bench read_bench query_bench selection_bench
+cmake --build --preset native-release --target serialize_bench read_bench parse_bench query_bench selection_bench
 
 title() { printf '\n== %s\n' "$*"; }
 
@@ -26,8 +26,10 @@ scripts/wine-run "$build/bin/serialize_bench.exe"
 
 title "reading, natively"
 "$native/bin/read_bench"
+"$native/bin/parse_bench"
 title "reading, under Wine"
 scripts/wine-run "$build/bin/read_bench.exe"
+scripts/wine-run "$build/bin/parse_bench.exe"
 
 title "selecting, natively"
 "$native/bin/selection_bench"

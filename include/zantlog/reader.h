@@ -25,6 +25,33 @@ ZANTLOG_BEGIN_DECLS
 ZANTLOG_API int32_t readrecord(zantLogOsFile *file, text_msg *buffer);
 
 /**
+ * Takes a record apart: makes the message record that its line was made of.
+ *
+ * Numbers and texts are those of the line. Texts are UTF-8, and zantLogMsgRec::catalogSelector says so; an
+ * empty one is null. `lis` holds the arguments, with message id 0: the line does not carry the id. It is one
+ * of zeros when there are none; else zantLisVEx() makes it, in integers of the line's width where C has them
+ * and the number fits, else of 64 bits. A wide character above U+007F is U+FFFD, since the line does not hold
+ * all of it.
+ *
+ * What a version does not carry is taken from the header, or is 0: product and file originator in version
+ * 65544; and in versions 65540 to 65542 all numbers but level, severity and outcome, and the type. That is
+ * told by the form of the line then: 2 for a number and a list, 3 for a text and a list, 0 for a text and a
+ * number, and 1 for a text, a number and a list, though audit messages and those of type 2 in version 65542
+ * look the same.
+ *
+ * @param header  as ReadHeaderEx() has read it from the file of the record
+ * @param line    the record as readrecord() gives it: without its line feed, carriage returns turned back. No
+ * terminator is needed
+ * @param length  bytes of the line; of what readrecord() leaves in the buffer, without the terminator
+ * @param rec     overwritten without being freed; its origin is ::ZANTLOG_ORIGIN_READER, and the caller
+ * releases it with zantLogFreeMsg(). After a failure it is all zeros, and freeing it is harmless.
+ * @return 0; 1 the line is no record of that version, or holds a NUL byte, or lists nested more than 32
+ * times; 3 null argument; 4 out of memory; 48 the header has no version that can be read. Takes no lock.
+ */
+ZANTLOG_API uint32_t zantLogParseRecord(const LogFileHeader *header, const char *line, uint64_t length,
+                                        zantLogMsgRec *rec);
+
+/**
  * Reads and parses the header of a log file.
  *
  * A header of version 65543 has product id, originator id, start time, time-zone offset and text; versions

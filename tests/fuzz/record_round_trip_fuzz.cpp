@@ -275,6 +275,48 @@ void expectReadBack(const std::string &line) {
     zantLogOs_close(file.get());
 }
 
+std::string withLineFeeds(std::string text) {
+    for (char &byte : text) {
+        byte = byte == '\r' ? '\n' : byte;
+    }
+    return text;
+}
+
+std::string orEmpty(const char *text) {
+    return text == nullptr ? "" : text;
+}
+
+// Of the versions whose lines tell all of it.
+void expectTakenApart(const zantLogMsgRec &record, const Texts &texts, const std::string &line) {
+    LogFileHeader header{};
+    header.version = record.formatVersion;
+    zantLogMsgRec parsed;
+    const std::string read = withLineFeeds(line.substr(0, line.size() - 1));
+    fuzz::expectEqual(zantLogParseRecord(&header, read.data(), read.size(), &parsed), 0u,
+                      "it is taken apart");
+    fuzz::expectEqual(parsed.type, record.type, "the type");
+    fuzz::expectEqual(parsed.originatorId, record.originatorId, "the originator");
+    fuzz::expectEqual(parsed.sequence, record.sequence, "the number");
+    fuzz::expectEqual(static_cast<int64_t>(parsed.timestamp), static_cast<int64_t>(record.timestamp),
+                      "the time");
+    fuzz::expectEqual(parsed.processId, record.processId, "the process");
+    fuzz::expectEqual(parsed.threadId, record.threadId, "the thread");
+    fuzz::expectEqual(orEmpty(parsed.contextToken), withLineFeeds(texts.token), "the token");
+    fuzz::expectEqual(orEmpty(parsed.text), withLineFeeds(texts.text), "the text");
+    const bool context = record.type == ZANTLOG_MSG_CONTEXT;
+    fuzz::expectEqual(orEmpty(context ? parsed.slot.contextString : parsed.who), withLineFeeds(texts.who),
+                      "who");
+    if (record.type <= ZANTLOG_MSG_APPLICATION) {
+        fuzz::expectEqual(parsed.slot.level, record.slot.level, "the level");
+    }
+    if (record.type == ZANTLOG_MSG_AUDIT) {
+        fuzz::expectEqual(parsed.outcome, record.outcome, "the outcome");
+    }
+    const uint32_t nodes = record.type == ZANTLOG_MSG_DEBUG ? 0 : record.lis.argCount;
+    fuzz::expectEqual(parsed.lis.argCount, nodes, "the number of arguments");
+    zantLogFreeMsg(&parsed);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
@@ -318,6 +360,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
         fuzz::expectEqual(std::string(buffer.data, static_cast<size_t>(buffer.capacity - buffer.free)),
                           *expected, "the line is the model's");
         expectReadBack(*expected);
+        if (record.formatVersion >= ZANTLOG_FORMAT_PRODUCT) {
+            expectTakenApart(record, texts, *expected);
+        }
     }
     free_text_msg(&buffer);
     return 0;
