@@ -90,6 +90,14 @@ ZANTLOG_API int32_t zantLogOs_read(zantLogOsFile *file, void *buffer, uint32_t c
 ZANTLOG_API int32_t zantLogOs_fsize(zantLogOsFile *file, uint32_t *size);
 
 /**
+ * Moves the reading of a file to another place: what is buffered is dropped, and the next read begins there.
+ *
+ * @param offset in bytes from the beginning; behind the end, the next read is at the end of the file
+ * @return 0; -3 null argument; -1 failure, a closed file among them
+ */
+ZANTLOG_API int32_t zantLogOs_seek(zantLogOsFile *file, uint64_t offset);
+
+/**
  * Closes a file and its mutex. The `file` field becomes null; the `mutex` field keeps its value, which means
  * nothing any more. A closed file is left as it is.
  *

@@ -188,6 +188,15 @@ int32_t zantLogOs_fsize(zantLogOsFile *file, uint32_t *size) {
     return ZANTLOG_OS_OK;
 }
 
+int32_t zantLogOs_seek(zantLogOsFile *file, uint64_t offset) {
+    if (file == nullptr) {
+        return ZANTLOG_OS_NULL_ARGUMENT;
+    }
+    nothingBuffered(file);
+    const bool moved = file->file != nullptr && os::seekTo(file->file, offset) == os::kErrorNone;
+    return moved ? ZANTLOG_OS_OK : ZANTLOG_OS_FAILED;
+}
+
 int32_t zantLogOs_close(zantLogOsFile *file) {
     if (file == nullptr) {
         return ZANTLOG_OS_NULL_ARGUMENT;

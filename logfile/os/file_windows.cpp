@@ -61,6 +61,12 @@ SystemError seekToEnd(void *file, uint64_t *position) {
     return kErrorNone;
 }
 
+SystemError seekTo(void *file, uint64_t position) {
+    LARGE_INTEGER distance;
+    distance.QuadPart = static_cast<LONGLONG>(position);
+    return SetFilePointerEx(file, distance, nullptr, FILE_BEGIN) != 0 ? kErrorNone : GetLastError();
+}
+
 SystemError writeFile(void *file, const void *bytes, uint32_t count, uint32_t *written) {
     DWORD done = 0;
     const SystemError error = outcome(WriteFile(file, bytes, count, &done, nullptr));

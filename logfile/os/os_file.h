@@ -19,6 +19,9 @@ void closeFile(void *file);
 // Moves to the end; *position receives the size of the file there.
 [[nodiscard]] SystemError seekToEnd(void *file, uint64_t *position);
 
+// Moves to a position, which may lie behind the end.
+[[nodiscard]] SystemError seekTo(void *file, uint64_t position);
+
 // One write at the current position; fewer bytes than asked for is not an error here.
 [[nodiscard]] SystemError writeFile(void *file, const void *bytes, uint32_t count, uint32_t *written);
 

@@ -64,6 +64,11 @@ SystemError seekToEnd(void *, uint64_t *position) {
     return fileSeam().seekError;
 }
 
+SystemError seekTo(void *, uint64_t) {
+    note("seek to");
+    return fileSeam().seekError;
+}
+
 SystemError writeFile(void *, const void *bytes, uint32_t count, uint32_t *written) {
     note("write " + std::to_string(count));
     FileSeam::Write write = {count, kErrorNone};

@@ -126,6 +126,25 @@ TEST_F(FileContract, SeekToEndGivesTheSize) {
     EXPECT_EQ(fileContent(path), "1234567");
 }
 
+TEST_F(FileContract, SeekToMovesWhereTheNextReadBegins) {
+    ASSERT_TRUE(putFile(path, "12345"));
+    const OpenFile file(path, FileMode::Read);
+    const auto next = [&] {
+        char byte = 0;
+        uint32_t read = 0;
+        EXPECT_EQ(readFile(file.get(), &byte, 1, &read), 0u);
+        return read == 1 ? byte : '-';
+    };
+    EXPECT_EQ(next(), '1');
+    EXPECT_EQ(seekTo(file.get(), 3), 0u);
+    EXPECT_EQ(next(), '4');
+    EXPECT_EQ(seekTo(file.get(), 0), 0u);
+    EXPECT_EQ(next(), '1');
+    EXPECT_EQ(seekTo(file.get(), 0x100000005u), 0u) << "behind the end";
+    EXPECT_EQ(next(), '-');
+    EXPECT_EQ(seekTo(file.get(), UINT64_MAX), 131u) << "a negative position";
+}
+
 TEST_F(FileContract, SeekToEndFollowsWhatOthersAppend) {
     const OpenFile first(path, FileMode::Append);
     const OpenFile second(path, FileMode::Append);

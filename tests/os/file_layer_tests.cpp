@@ -239,6 +239,30 @@ TEST_F(FileLayer, FailedReadBuffersNothing) {
     EXPECT_EQ(file->position, -1);
 }
 
+TEST_F(FileLayer, SeekDropsWhatIsBufferedAndReadsOnThere) {
+    ASSERT_EQ(open(0), 0);
+    ASSERT_EQ(append("12345"), 5);
+    EXPECT_EQ(zantLogOs_close(file.get()), 0);
+    ASSERT_EQ(open(1), 0);
+    EXPECT_EQ(zantLogOs_read(file.get(), file->buffer, ZANTLOG_READ_BLOCK), 5);
+    EXPECT_EQ(zantLogOs_seek(file.get(), 3), 0);
+    EXPECT_EQ(file->position, -1);
+    EXPECT_EQ(file->length, 0);
+    EXPECT_EQ(zantLogOs_read(file.get(), file->buffer, ZANTLOG_READ_BLOCK), 2);
+    EXPECT_EQ(std::string(file->buffer, 2), "45");
+    EXPECT_EQ(zantLogOs_seek(file.get(), 99), 0);
+    EXPECT_EQ(zantLogOs_read(file.get(), file->buffer, ZANTLOG_READ_BLOCK), 0) << "behind the end";
+    EXPECT_EQ(zantLogOs_seek(file.get(), 0), 0);
+    EXPECT_EQ(zantLogOs_read(file.get(), file->buffer, ZANTLOG_READ_BLOCK), 5);
+}
+
+TEST_F(FileLayer, SeekOfNoOpenFileFails) {
+    EXPECT_EQ(zantLogOs_seek(nullptr, 0), -3);
+    EXPECT_EQ(zantLogOs_seek(file.get(), 0), -1) << "a closed file";
+    ASSERT_EQ(open(0), 0);
+    EXPECT_EQ(zantLogOs_seek(file.get(), UINT64_MAX), -1) << "a negative position";
+}
+
 TEST_F(FileLayer, SizeIsThatOfTheFileAtThisMoment) {
     uint32_t size = 99;
     ASSERT_EQ(open(0), 0);

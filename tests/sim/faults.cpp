@@ -77,6 +77,7 @@ constexpr const char *kNames[] = {
     "openFile",
     "closeFile",
     "seekToEnd",
+    "seekTo",
     "writeFile",
     "readFile",
     "fileSize",

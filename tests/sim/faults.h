@@ -12,6 +12,7 @@ enum class Call {
     OpenFile,
     CloseFile,
     SeekToEnd,
+    SeekTo,
     WriteFile,
     ReadFile,
     FileSize,

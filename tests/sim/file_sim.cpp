@@ -69,6 +69,21 @@ SystemError seekToEnd(void *file, uint64_t *position) {
     return kErrorNone;
 }
 
+SystemError seekTo(void *file, uint64_t position) {
+    if (const sim::Verdict verdict = sim::enter(sim::Call::SeekTo); verdict.fails()) {
+        return verdict.error;
+    }
+    const auto opening = openingOf(file);
+    if (opening == nullptr) {
+        return sim::kErrorInvalidHandle;
+    }
+    if (position > INT64_MAX) {
+        return sim::kErrorNegativeSeek;
+    }
+    sim::moveTo(*opening, position);
+    return kErrorNone;
+}
+
 SystemError writeFile(void *file, const void *bytes, uint32_t count, uint32_t *written) {
     *written = 0;
     const sim::Verdict verdict = sim::enter(sim::Call::WriteFile);

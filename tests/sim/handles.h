@@ -11,6 +11,7 @@
 namespace zantlog::sim {
 
 inline constexpr os::SystemError kErrorInvalidHandle = 6;
+inline constexpr os::SystemError kErrorNegativeSeek = 131;
 
 // What a handle stands for; it is let go of in the destructor.
 struct Object {

@@ -310,6 +310,11 @@ uint64_t moveToEnd(Opening &opening) {
     return opening.position;
 }
 
+void moveTo(Opening &opening, uint64_t position) {
+    const Guard guard(drives().lock);
+    opening.position = position;
+}
+
 void stamp(Opening &opening) {
     if ((opening.access & kWriteAccess) != 0) {
         const Guard guard(drives().lock);

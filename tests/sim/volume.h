@@ -80,6 +80,7 @@ os::SystemError readFrom(Opening &opening, void *buffer, uint32_t count, uint32_
 os::SystemError cutAt(Opening &opening, uint64_t size);
 uint64_t sizeOf(const Opening &opening);
 uint64_t moveToEnd(Opening &opening); // the position there
+void moveTo(Opening &opening, uint64_t position);
 void stamp(Opening &opening);
 
 // What a listing says of a file.
