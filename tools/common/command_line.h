@@ -16,10 +16,6 @@ void makeStandardInputBinary();
 // Makes the user's code page the runtime's, so that the library reads native texts as the user means them.
 void useCodePageOfUser();
 
-// Conversions between UTF-8 and the user's code page. What the code page does not have becomes "?".
-std::string utf8FromCodePage(const std::string &text);
-std::string codePageFromUtf8(const std::string &text);
-
 std::wstring wideFromUtf8(const std::string &text);
 std::string utf8FromWide(const std::wstring &text);
 

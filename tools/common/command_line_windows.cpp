@@ -1,5 +1,7 @@
 #include "tools/common/command_line.h"
 
+#include "tools/common/code_page.h"
+
 #include <windows.h>
 
 #include <fcntl.h>

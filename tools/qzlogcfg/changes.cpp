@@ -4,7 +4,7 @@
 #include <ostream>
 #include <thread>
 
-#include "tools/common/command_line.h"
+#include "tools/common/code_page.h"
 #include "tools/common/result_text.h"
 #include "tools/common/tool_error.h"
 #include "tools/qzlogcfg/rehearsal.h"

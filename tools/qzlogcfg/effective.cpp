@@ -1,6 +1,6 @@
 #include "tools/qzlogcfg/effective.h"
 
-#include "tools/common/command_line.h"
+#include "tools/common/code_page.h"
 #include "tools/common/result_text.h"
 #include "tools/common/tool_error.h"
 #include "tools/qzlogcfg/setting_value.h"

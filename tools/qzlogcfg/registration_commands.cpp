@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <ostream>
 
-#include "tools/common/command_line.h"
+#include "tools/common/code_page.h"
 #include "tools/common/result_text.h"
 #include "tools/common/tool_error.h"
 #include "tools/qzlogcfg/commands.h"

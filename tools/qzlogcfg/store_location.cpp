@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tools/common/ascii.h"
+#include "tools/common/code_page.h"
 #include "tools/common/command_line.h"
 #include "tools/common/suggestions.h"
 #include "tools/common/tool_error.h"

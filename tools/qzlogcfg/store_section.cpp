@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "tools/common/ascii.h"
-#include "tools/common/command_line.h"
+#include "tools/common/code_page.h"
 #include "tools/qzlogcfg/store_location.h"
 #include "zantlog/config_store.h"
 #include "zantlog/handle.h"

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "tools/common/command_line.h"
+#include "tools/common/code_page.h"
 #include "tools/common/exit_codes.h"
 #include "tools/common/result_text.h"
 #include "zantlog/zantlog.h"

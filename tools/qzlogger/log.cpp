@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 
+#include "tools/common/code_page.h"
 #include "tools/common/command_line.h"
 #include "tools/common/result_text.h"
 #include "zantlog/zantlog.h"

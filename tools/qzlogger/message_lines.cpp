@@ -1,6 +1,6 @@
 #include "tools/qzlogger/message_lines.h"
 
-#include "tools/common/command_line.h"
+#include "tools/common/code_page.h"
 
 namespace zantlog::tools {
 

@@ -12,9 +12,11 @@ namespace zantlog::view {
 
 // A log file: what its name and its header tell.
 struct Source {
-    std::string path;     // UTF-8, as it is shown
-    LogFileHeader header; // zeros while it has not been read
-    std::string logSet;   // of a log set file; empty for a product file
+    std::string path; // UTF-8, as it is shown
+    LogFileHeader header = {};
+    std::string logSet;     // of a log set file; empty for a product file
+    uint64_t firstTime = 0; // of its first record; 0 when it has none
+    uint64_t size = 0;      // in bytes, when it was looked at
 };
 
 // Owns the parsed record and knows where it came from. Views and pointers that it gives live as long as it

@@ -1,0 +1,143 @@
+#include "tools/qzlogview/file_set.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "tools/common/code_page.h"
+#include "tools/common/tool_error.h"
+#include "zantlog/config_store.h"
+#include "zantlog/discovery.h"
+#include "zantlog/results.h"
+
+namespace zantlog::view {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string shortName(zantLogCfg *cfg, uint32_t which) {
+    char *name = nullptr;
+    if (LogCfgGetShortNames(cfg, which, &name) != ZANTLOG_OK || name == nullptr) {
+        return "";
+    }
+    const std::string text = tools::utf8FromCodePage(name);
+    zantLogFree(name);
+    return text;
+}
+
+// A selection whose entries are freed at the end of the scope.
+struct Selected : LogFindContext {
+    explicit Selected(QueryNode *wanted) : LogFindContext{} { query = wanted; }
+    ~Selected() {
+        for (LogFileEntry *entry = head; entry != nullptr;) {
+            LogFileEntry *const next = entry->next;
+            zantLogFree(entry);
+            entry = next;
+        }
+    }
+    Selected(const Selected &) = delete;
+    Selected &operator=(const Selected &) = delete;
+};
+
+std::vector<std::string> logsIn(const fs::path &directory) {
+    std::vector<std::string> paths;
+    for (const fs::directory_entry &entry : fs::directory_iterator(directory)) {
+        const std::u8string path = entry.path().u8string();
+        if (entry.path().extension() == ".log") {
+            paths.emplace_back(path.begin(), path.end());
+        }
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+} // namespace
+
+Configurations::Configurations() {
+    constexpr uint32_t kFirstCapacity = 256;
+    for (uint32_t capacity = kFirstCapacity;; capacity *= 2) {
+        records_.assign(capacity, nullptr);
+        uint32_t count = 0;
+        const uint32_t result = zantLogReadAllCfg(nullptr, capacity, records_.data(), &count);
+        if (result == ZANTLOG_OK && count == capacity) {
+            FreeConfigArray(records_.data(), count); // there may be more
+            continue;
+        }
+        records_.resize(result == ZANTLOG_OK ? count : 0);
+        return;
+    }
+}
+
+Configurations::~Configurations() {
+    FreeConfigArray(records_.data(), count());
+}
+
+std::string Configurations::productName(uint32_t product) const {
+    for (zantLogCfg *cfg : records_) {
+        if (cfg->productId == product) {
+            return shortName(cfg, ZANTLOG_PRODUCT_NAMES);
+        }
+    }
+    return "";
+}
+
+std::string Configurations::originatorName(uint32_t product, uint32_t originator) const {
+    for (zantLogCfg *cfg : records_) {
+        if (cfg->productId == product && cfg->originatorId == originator && cfg->isLogSet == 0) {
+            return shortName(cfg, 0);
+        }
+    }
+    return "";
+}
+
+std::vector<std::string> selectedFiles(Configurations *configurations, QueryNode *query, bool *unsupported) {
+    Selected selected(query);
+    std::vector<std::string> paths;
+    if (GetLogFiles(configurations->array(), configurations->count(), &selected) == ZANTLOG_OK) {
+        LogFileEntry *entry = nullptr;
+        while (zantLogFetchNextFileEx(&selected, &entry) == ZANTLOG_OK) {
+            paths.push_back(tools::utf8FromCodePage(std::string(entry->directory) + entry->name));
+        }
+    }
+    *unsupported = selected.badHeaderSeen != 0;
+    return paths;
+}
+
+std::vector<std::string> namedFiles(const std::vector<std::string> &names) {
+    std::vector<std::string> paths;
+    for (const std::string &name : names) {
+        const fs::path path(std::u8string(name.begin(), name.end()));
+        std::error_code error;
+        if (fs::is_directory(path, error)) {
+            const std::vector<std::string> logs = logsIn(path);
+            paths.insert(paths.end(), logs.begin(), logs.end());
+        } else if (fs::exists(path, error)) {
+            paths.push_back(name);
+        } else {
+            throw tools::ToolError(tools::kExitNotAccessible, "there is no file or directory " + name);
+        }
+    }
+    return paths;
+}
+
+std::vector<Source> readSources(const std::vector<std::string> &paths, const DamageSink &damage) {
+    std::vector<Source> sources;
+    for (const std::string &path : paths) {
+        Source source;
+        source.path = path;
+        LogFile file;
+        const uint32_t result = readSource(&file, &source);
+        if (result == ZANTLOG_OK) {
+            sources.push_back(std::move(source));
+        } else if (result == ZANTLOG_FILE_NOT_OPENED) {
+            damage({path, 0, "the file cannot be opened"});
+        } else if (result == ZANTLOG_UNSUPPORTED_HEADER) {
+            damage({path, 0, "the header is of a version that is not supported"});
+        } else if (source.size > 0) {
+            damage({path, 0, "the file has no header"});
+        }
+    }
+    return sources;
+}
+
+} // namespace zantlog::view

@@ -1,0 +1,23 @@
+// Texts of records, made safe to show.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zantlog::view {
+
+// How far a text may go.
+enum class Lines {
+    one,     // line feeds are shown as "\n"
+    indented // line feeds stay, with blanks behind them
+};
+
+// Appends the text with control characters, and characters that change the direction of writing, as escapes
+// (\n, \x1b, \u202e), and bytes that are no UTF-8 as U+FFFD: what is shown can neither pass for another line
+// nor drive a terminal.
+void appendShown(std::string_view text, Lines lines, size_t indentation, std::string *out);
+
+// Appends the text with bytes that are no UTF-8 as U+FFFD.
+void appendUtf8(std::string_view text, std::string *out);
+
+} // namespace zantlog::view
