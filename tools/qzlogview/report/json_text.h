@@ -1,0 +1,16 @@
+// Texts as JSON that may stand inside a <script> element.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zantlog::view {
+
+// Quoted. What is not UTF-8 becomes U+FFFD. No byte sequence of the result ends a script element, begins a
+// comment or an entity, or ends a line.
+std::string jsonText(std::string_view text);
+
+// UTF-16 of the length that its terminating zero gives; halves of surrogate pairs become U+FFFD.
+std::string utf8Of(const wchar_t *text);
+
+} // namespace zantlog::view
