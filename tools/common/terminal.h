@@ -6,8 +6,8 @@ namespace zantlog::tools {
 bool standardOutputIsTerminal();
 bool standardErrorIsTerminal();
 
-// Makes escape sequences work on standard output; false where they do not.
-bool enableEscapeSequences();
+// Whether standard output is a terminal that shows colours, and NO_COLOR does not ask for none.
+bool standardOutputHasColours();
 
 // Standard output gives bytes as they are from here on.
 void makeStandardOutputBinary();

@@ -7,6 +7,8 @@
 
 #include <cstdio>
 
+#include "tools/common/command_line.h"
+
 namespace zantlog::tools {
 
 namespace {
@@ -26,10 +28,10 @@ bool standardErrorIsTerminal() {
     return isTerminal(STD_ERROR_HANDLE);
 }
 
-bool enableEscapeSequences() {
+bool standardOutputHasColours() {
     HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     DWORD mode = 0;
-    return GetConsoleMode(output, &mode) != 0 &&
+    return !hasEnvironment("NO_COLOR") && GetConsoleMode(output, &mode) != 0 &&
            SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 

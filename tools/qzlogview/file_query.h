@@ -10,8 +10,8 @@ namespace zantlog::view {
 
 class Expression;
 
-// A query tree for the library that selects every file which may hold a wanted record, and others as far as only their
-// records tell.
+// A query tree for the library that selects every file which may hold a wanted record, and others as far as
+// only their records tell.
 class FileQuery {
 public:
     explicit FileQuery(const Expression *expression); // null: everything is wanted

@@ -13,7 +13,7 @@ bool FileReader::open() {
         return true;
     }
     if (!file_.open(source_->path)) {
-        (*damage_)({source_->path, offset_, "the file cannot be opened"});
+        (*damage_)({source_->path, offset_, "the file cannot be opened", true});
         atEnd_ = true;
         return false;
     }
@@ -25,7 +25,7 @@ bool FileReader::open() {
         return true;
     }
     if (!file_.seek(offset_)) {
-        (*damage_)({source_->path, offset_, "the file cannot be read any further"});
+        (*damage_)({source_->path, offset_, "the file cannot be read any further", true});
         atEnd_ = true;
     }
     return !atEnd_;
@@ -54,9 +54,7 @@ bool FileReader::readOne() {
     offset_ = file_.offset();
     if (state != LineState::line) {
         if (state == LineState::failed) {
-            (*damage_)({source_->path, offset_, "the file cannot be read any further"});
-        } else if (file_.size() > offset_) {
-            (*damage_)({source_->path, offset_, "the last line has no end"});
+            (*damage_)({source_->path, offset_, "the file cannot be read any further", true});
         }
         return false;
     }

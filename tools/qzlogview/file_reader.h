@@ -35,6 +35,7 @@ struct Damage {
     std::string path;
     uint64_t offset;
     std::string what;
+    bool unreadable = false; // the file, or the rest of it
 };
 
 using DamageSink = std::function<void(const Damage &)>;

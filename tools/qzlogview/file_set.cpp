@@ -130,11 +130,11 @@ std::vector<Source> readSources(const std::vector<std::string> &paths, const Dam
         if (result == ZANTLOG_OK) {
             sources.push_back(std::move(source));
         } else if (result == ZANTLOG_FILE_NOT_OPENED) {
-            damage({path, 0, "the file cannot be opened"});
+            damage({path, 0, "the file cannot be opened", true});
         } else if (result == ZANTLOG_UNSUPPORTED_HEADER) {
-            damage({path, 0, "the header is of a version that is not supported"});
+            damage({path, 0, "the header is of a version that is not supported", true});
         } else if (source.size > 0) {
-            damage({path, 0, "the file has no header"});
+            damage({path, 0, "the file has no header", true});
         }
     }
     return sources;

@@ -50,14 +50,14 @@ struct CommandLine {
     std::string completion;
 };
 
-void addText(CLI::App &app, const std::string &option, std::optional<std::string> *target, const std::string &type,
-             const std::string &description) {
+void addText(CLI::App &app, const std::string &option, std::optional<std::string> *target,
+             const std::string &type, const std::string &description) {
     const auto take = [target](const std::string &text) { *target = text; };
     app.add_option_function<std::string>(option, take, description)->type_name(type);
 }
 
-void addTexts(CLI::App &app, const std::string &option, std::vector<std::string> *target, const std::string &type,
-              const std::string &description) {
+void addTexts(CLI::App &app, const std::string &option, std::vector<std::string> *target,
+              const std::string &type, const std::string &description) {
     app.add_option(option, *target, description)->type_name(type)->expected(1)->take_all();
 }
 
@@ -81,15 +81,18 @@ void defineSelection(CLI::App &app, Selection *selection) {
     addText(app, "--until", &selection->until, "TIME", "at this time or earlier");
     addTexts(app, "--type", &selection->types, "TYPE", "debug, diagnostic, application, context, audit");
     addText(app, "--severity", &selection->severity, "SEVERITY",
-            "of application messages: 0 to 4 or information, warning, error, severe, fatal; \">=2\" for that and above");
+            "of application messages: 0 to 4 or information, warning, error, severe, fatal; \">=2\" for that "
+            "and above");
     addText(app, "--level", &selection->level, "LEVEL", "of debug and diagnostic messages: 2, or \"<=2\"");
     addTexts(app, "--who", &selection->who, "NAME", "of these components, or subjects of audit messages");
     addTexts(app, "--context", &selection->contexts, "TOKEN", "of these contexts");
     addTexts(app, "--pid", &selection->processes, "ID", "of these processes");
     addTexts(app, "--tid", &selection->threads, "ID", "of these threads");
     addText(app, "--grep", &selection->grep, "REGEX", "whose text holds what matches the regular expression");
-    addText(app, "--where", &selection->where, "EXPRESSION", "for which the expression of the query language is true");
-    app.add_flag("--not", selection->inverted, "those that the options do not select (product, originator and log set stay)");
+    addText(app, "--where", &selection->where, "EXPRESSION",
+            "for which the expression of the query language is true");
+    app.add_flag("--not", selection->inverted,
+                 "those that the options do not select (product, originator and log set stay)");
 }
 
 void defineOutput(CLI::App &app, CommandLine *line) {
@@ -106,18 +109,32 @@ void defineOutput(CLI::App &app, CommandLine *line) {
     addCount(app, "--head", &options.head, "the first N");
     addCount(app, "-n,--tail", &options.tail, "the last N");
     app.add_flag("--reverse", options.reverse, "the latest first");
-    app.add_flag("-f,--follow", options.follow, "the last ones (10, or -n), and new ones as they are written");
+    app.add_flag("-f,--follow", options.follow,
+                 "the last ones (10, or -n), and new ones as they are written");
     app.add_flag("--count", options.count, "only how many there are");
-    app.add_option("--count-by", options.countBy, "how many of each who, type, severity, originator, hour or minute")
+    app.add_option("--count-by", options.countBy,
+                   "how many of each who, type, severity, originator, hour or minute")
         ->type_name("WHAT");
     app.add_flag("--verify", options.verify, "only whether the files are whole");
     addText(app, "--html", &options.html, "FILE", "a page with a chart and a table of the messages");
-    app.add_option("--completion", line->completion, "print a script that lets a shell complete command lines")
+    app.add_option("--completion", line->completion,
+                   "print a script that lets a shell complete command lines")
         ->type_name("SHELL")
         ->check(CLI::IsMember({"bash", "powershell"}));
-    app.add_option("files", options.files, "log files, and directories of them; unless given, those of the configurations")
+    app.add_option("files", options.files,
+                   "log files, and directories of them; unless given, those of the configurations")
         ->type_name("FILE...");
     app.set_version_flag("--version", std::string(kVersion), "print the version");
+}
+
+// The arguments once more, for those who read the page.
+std::string joined(const std::vector<std::string> &arguments) {
+    std::string text;
+    for (const std::string &argument : arguments) {
+        const bool plain = argument.find_first_of(" \"") == std::string::npos;
+        text += (text.empty() ? "" : " ") + (plain ? argument : "'" + argument + "'");
+    }
+    return text;
 }
 
 std::vector<std::string> splitFields(const std::string &text) {
@@ -172,8 +189,8 @@ void complete(CommandLine *line) {
                       : line->colours == "always" ? Colours::always
                                                   : Colours::never;
     if (!RecordCounter::isKnown(options.countBy)) {
-        tools::usageError("--count-by takes who, type, severity, originator, hour or minute, not \"" + options.countBy +
-                          "\"");
+        tools::usageError("--count-by takes who, type, severity, originator, hour or minute, not \"" +
+                          options.countBy + "\"");
     }
     checkOnePurpose(options);
 }
@@ -198,6 +215,7 @@ std::optional<ViewOptions> readViewOptions(std::vector<std::string> arguments, i
     try {
         defineSelection(app, &line.options.selection);
         defineOutput(app, &line);
+        line.options.description = joined(arguments);
         std::reverse(arguments.begin(), arguments.end()); // as CLI11 takes them
         app.parse(std::move(arguments));
         if (line.completion.empty()) {

@@ -29,10 +29,11 @@ struct ViewOptions {
     std::string countBy; // empty: not by anything
     bool verify = false;
     std::optional<std::string> html; // file
+    std::string description;         // the selection, as it was given
 };
 
-// Reads the command line. When there is nothing to do (help, version, a usage error), it has said so and stores the
-// exit code of the process.
+// Reads the command line. When there is nothing to do (help, version, a usage error), it has said so and
+// stores the exit code of the process.
 std::optional<ViewOptions> readViewOptions(std::vector<std::string> arguments, int *exitCode);
 
 } // namespace zantlog::view

@@ -20,7 +20,8 @@ bool Output::writeWhenFull() {
 
 bool Output::flush() {
     if (!failed_ && !text_.empty()) {
-        failed_ = std::fwrite(text_.data(), 1, text_.size(), stdout) != text_.size() || std::fflush(stdout) != 0;
+        failed_ =
+            std::fwrite(text_.data(), 1, text_.size(), stdout) != text_.size() || std::fflush(stdout) != 0;
     }
     text_.clear();
     return !failed_;

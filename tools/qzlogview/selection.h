@@ -14,7 +14,8 @@ namespace zantlog::view {
 
 class Expression;
 
-// The texts of the options, as they were given. Several values of one option are alternatives; all options must hold.
+// The texts of the options, as they were given. Several values of one option are alternatives; all options
+// must hold.
 struct Selection {
     std::vector<std::string> products;    // ids or names
     std::vector<std::string> originators; // ids or names
@@ -40,7 +41,8 @@ struct SelectionContext {
 };
 
 // One expression of it all; null when everything is wanted. A usage error says what is wrong with an option.
-std::shared_ptr<const Expression> compileSelection(const Selection &selection, const SelectionContext &context);
+std::shared_ptr<const Expression> compileSelection(const Selection &selection,
+                                                   const SelectionContext &context);
 
 // Whether the record is wanted; a null expression wants every one.
 bool matches(const Expression *expression, const Record &record);

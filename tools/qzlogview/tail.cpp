@@ -71,7 +71,7 @@ uint64_t readFromEnd(const Source &source, size_t count, const RecordFilter &fil
     LogFile file;
     LogFileHeader header;
     if (!file.open(source.path) || file.readHeader(&header) != ZANTLOG_OK) {
-        damage({source.path, 0, "the file cannot be read"});
+        damage({source.path, 0, "the file cannot be read", true});
         return 0;
     }
     const uint64_t first = file.offset(); // behind the header

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <thread>
 
@@ -10,10 +12,10 @@
 #include "tools/qzlogview/count.h"
 #include "tools/qzlogview/file_query.h"
 #include "tools/qzlogview/follow.h"
-#include "tools/qzlogview/html.h"
 #include "tools/qzlogview/merge.h"
 #include "tools/qzlogview/output.h"
 #include "tools/qzlogview/progress.h"
+#include "tools/qzlogview/report/html_report.h"
 #include "tools/qzlogview/tail.h"
 #include "tools/qzlogview/verify.h"
 
@@ -38,7 +40,9 @@ public:
           query_(wanted_.get()) {
         damage_ = [this](const Damage &damage) {
             damaged_ = true;
-            std::cerr << "qzlogview: " << damage.path << " at byte " << damage.offset << ": " << damage.what << '\n';
+            unreadable_ = unreadable_ || damage.unreadable;
+            std::cerr << "qzlogview: " << damage.path << " at byte " << damage.offset << ": " << damage.what
+                      << '\n';
         };
         filter_ = [this](const Record &record) { return matches(wanted_.get(), record); };
         const bool colours = options.colours == Colours::always ||
@@ -60,7 +64,7 @@ public:
             show();
         }
         if (damaged_) {
-            return tools::kExitNotAccessible;
+            return unreadable_ ? tools::kExitNotAccessible : tools::kExitProblemsFound;
         }
         return found_ > 0 ? tools::kExitSuccess : tools::kExitNothingFound;
     }
@@ -86,8 +90,7 @@ private:
         printer_->print(entry, &look_, &output_.text());
     }
 
-    void merge(const std::function<bool(const Entry &)> &take) {
-        const std::vector<Source> all = sources();
+    void merge(const std::vector<Source> &all, const std::function<bool(const Entry &)> &take) {
         uint64_t total = 0;
         for (const Source &source : all) {
             total += source.size;
@@ -99,7 +102,7 @@ private:
     }
 
     void showMerged() {
-        merge([this](const Entry &entry) {
+        merge(sources(), [this](const Entry &entry) {
             print(entry);
             return output_.writeWhenFull() && (!options_.head || found_ < *options_.head);
         });
@@ -120,7 +123,9 @@ private:
     // The latest first: of all, or of as many as are wanted.
     void showLatest() {
         constexpr uint64_t kAll = UINT64_MAX / 2;
-        const uint64_t count = options_.tail ? *options_.tail : options_.head && options_.reverse ? *options_.head : kAll;
+        const uint64_t count = options_.tail                       ? *options_.tail
+                               : options_.head && options_.reverse ? *options_.head
+                                                                   : kAll;
         const std::vector<Source> all = sources();
         std::vector<uint64_t> ends;
         printAll(lastRecords(all, count, filter_, damage_, &ends));
@@ -154,7 +159,7 @@ private:
 
     void count() {
         RecordCounter counter(options_.countBy);
-        merge([&](const Entry &entry) {
+        merge(sources(), [&](const Entry &entry) {
             counter.add(entry.record, &look_);
             return true;
         });
@@ -164,10 +169,28 @@ private:
     }
 
     void writePage() {
-        merge([this, page = openPage(*options_.html, options_.zone, &look_)](const Entry &entry) {
+        const std::string &name = *options_.html;
+        std::ofstream file(std::filesystem::path(std::u8string(name.begin(), name.end())), std::ios::binary);
+        ReportSettings settings;
+        settings.title = "Log messages";
+        settings.selection = options_.description;
+        if (!options_.zone.local) {
+            settings.zones.push_back({"as asked for", static_cast<int32_t>(options_.zone.offset)});
+        }
+        settings.names.product = [this](uint32_t product) { return configurations_.productName(product); };
+        settings.names.originator = [this](uint32_t product, uint32_t originator) {
+            return configurations_.originatorName(product, originator);
+        };
+        HtmlReport report(file, std::move(settings));
+        const std::vector<Source> all = sources(); // the report refers to them
+        merge(all, [&](const Entry &entry) {
             ++found_;
-            return page->take(entry.record);
+            return report.take(entry.record);
         });
+        report.finish();
+        if (!file.flush()) {
+            throw tools::ToolError(tools::kExitNotAccessible, "cannot write the file " + name);
+        }
     }
 
     int verify() {
@@ -179,9 +202,10 @@ private:
             (void)output_.writeWhenFull();
         };
         const uint64_t records = verifyFiles(files, report);
-        output_.text() += std::to_string(records) + " records in " + std::to_string(files.size()) + " files, " +
-                          (places == 0 ? "nothing wrong" : std::to_string(places) + " places where something is wrong") +
-                          "\n";
+        output_.text() +=
+            std::to_string(records) + " records in " + std::to_string(files.size()) + " files, " +
+            (places == 0 ? "nothing wrong" : std::to_string(places) + " places where something is wrong") +
+            "\n";
         (void)output_.flush();
         return places > 0       ? tools::kExitProblemsFound
                : !files.empty() ? tools::kExitSuccess
@@ -199,6 +223,7 @@ private:
     Output output_;
     uint64_t found_ = 0;
     bool damaged_ = false;
+    bool unreadable_ = false;
     bool reportedUnsupported_ = false;
 };
 
