@@ -47,6 +47,7 @@ bool isApplication(const Record &record) {
 const Field kFields[] = {
     {"time", false,
      [](const Record &record, Look *look, std::string *out) { look->appendTime(record, out); }},
+    {"timestamp", true, appendMember<&zantLogMsgRec::timestamp>},
     {"type", false, [](const Record &record, Look *, std::string *out) { *out += typeName(record.type()); }},
     {"severity", true,
      [](const Record &record, Look *, std::string *out) {

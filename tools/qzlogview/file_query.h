@@ -22,9 +22,19 @@ public:
     [[nodiscard]] QueryNode *root() { return root_; }
 
 private:
-    friend class FileQueryBuilder;
+    // Each gives null for what every file may satisfy.
+    QueryNode *build(const Expression &expression, bool inverted);
+    QueryNode *buildJoined(const Expression &expression, bool inverted);
+    QueryNode *buildProduct(const Expression &expression, bool inverted);
+    QueryNode *buildTime(const Expression &expression, bool inverted);
+    QueryNode *compare(uint32_t field, int32_t operatorCode, int64_t number);
+    QueryNode *compareText(uint32_t field, const std::string &text);
+    QueryNode *join(int32_t operatorCode, QueryNode *left, QueryNode *right);
+    QueryNode *add(const QueryNode &node);
+
     std::deque<QueryNode> nodes_;
     std::deque<std::string> texts_;
+    size_t operators_ = 0;
     QueryNode *root_ = nullptr;
 };
 

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
+#include <set>
+#include <string_view>
 
+#include "tools/common/ascii.h"
 #include "tools/common/code_page.h"
 #include "tools/common/tool_error.h"
 #include "zantlog/config_store.h"
@@ -51,9 +55,40 @@ std::vector<std::string> logsIn(const fs::path &directory) {
     return paths;
 }
 
+// The file originators of a product that have files in a directory.
+std::set<uint32_t> originatorsIn(const char *directory, uint32_t product) {
+    std::set<uint32_t> originators;
+    const std::string prefix = std::to_string(product) + "-";
+    zantLogListing listing = {};
+    if (*directory == '\0') {
+        return originators;
+    }
+    uint32_t result = zantLogOsListLogFilesBegin(&listing, directory);
+    for (; result == ZANTLOG_OK; result = zantLogOsListLogFilesNext(&listing)) {
+        const std::string_view name = zantLogOsListLogFilesName(&listing);
+        if (!name.starts_with(prefix)) {
+            continue;
+        }
+        const std::string_view rest = name.substr(prefix.size());
+        // A log set's file has two parts behind the product, an originator's four.
+        const bool four = std::count(rest.begin(), rest.end(), '-') == 3;
+        const auto id = tools::wholeNumber(rest.substr(0, std::min(rest.find('-'), rest.size())));
+        if (four && id && *id > 0 && *id <= UINT32_MAX) {
+            originators.insert(static_cast<uint32_t>(*id));
+        }
+    }
+    zantLogOsListLogFilesEnd(&listing);
+    return originators;
+}
+
 } // namespace
 
 Configurations::Configurations() {
+    load();
+    addOriginatorsWithoutSection();
+}
+
+void Configurations::load() {
     constexpr uint32_t kFirstCapacity = 256;
     for (uint32_t capacity = kFirstCapacity;; capacity *= 2) {
         records_.assign(capacity, nullptr);
@@ -65,6 +100,40 @@ Configurations::Configurations() {
         }
         records_.resize(result == ZANTLOG_OK ? count : 0);
         return;
+    }
+}
+
+// An originator without a section of its own logs with the product's defaults, and only its files tell of it.
+void Configurations::addOriginatorsWithoutSection() {
+    std::set<std::pair<uint32_t, uint32_t>> known;
+    std::vector<zantLogCfg *> defaults;
+    for (zantLogCfg *cfg : records_) {
+        if (cfg->isLogSet == 0) {
+            known.emplace(cfg->productId, cfg->originatorId);
+            if (cfg->originatorId == ZANTLOG_DEFAULT_ORIGINATOR) {
+                defaults.push_back(cfg);
+            }
+        }
+    }
+    for (const zantLogCfg *cfg : defaults) {
+        for (const uint32_t originator : originatorsIn(cfg->logDirectory, cfg->productId)) {
+            if (known.emplace(cfg->productId, originator).second) {
+                addConfiguration(cfg->productId, originator);
+            }
+        }
+    }
+}
+
+void Configurations::addConfiguration(uint32_t product, uint32_t originator) {
+    auto *cfg = static_cast<zantLogCfg *>(zantLogMalloc(sizeof(zantLogCfg)));
+    if (cfg == nullptr) {
+        throw std::bad_alloc();
+    }
+    if (zantLogReadCfg(product, originator, cfg) == ZANTLOG_OK) {
+        records_.push_back(cfg);
+    } else {
+        zantLogFreeCfg(cfg);
+        zantLogFree(cfg);
     }
 }
 

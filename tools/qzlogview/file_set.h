@@ -14,7 +14,7 @@ namespace zantlog::view {
 // The loaded configurations of this machine's products, as the library's functions take them.
 class Configurations {
 public:
-    // All of them; with none, an empty set.
+    // All of them, and of originators that have log files but no section; with none, an empty set.
     Configurations();
     ~Configurations();
     Configurations(const Configurations &) = delete;
@@ -27,6 +27,10 @@ public:
     [[nodiscard]] std::string originatorName(uint32_t product, uint32_t originator) const;
 
 private:
+    void load();
+    void addOriginatorsWithoutSection();
+    void addConfiguration(uint32_t product, uint32_t originator);
+
     std::vector<zantLogCfg *> records_;
 };
 

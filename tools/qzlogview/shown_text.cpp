@@ -1,44 +1,12 @@
 #include "tools/qzlogview/shown_text.h"
 
-#include <cstdint>
+#include "tools/qzlogview/characters.h"
 
 namespace zantlog::view {
 
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-struct Character {
-    char32_t code;
-    size_t bytes; // 0: no UTF-8 begins here
-};
-
-bool isContinuation(std::string_view text, size_t at) {
-    return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
-}
-
-// The character at a place: shortest form, no surrogates, nothing above U+10FFFF.
-Character decode(std::string_view text, size_t at) {
-    const auto byte = [&](size_t i) { return static_cast<unsigned char>(text[at + i]); };
-    const unsigned first = byte(0);
-    if (first < 0x80) {
-        return {first, 1};
-    }
-    const size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4) {
-        return {0, 0};
-    }
-    char32_t code = first & (0x7Fu >> length);
-    for (size_t i = 1; i < length; ++i) {
-        if (!isContinuation(text, at + i)) {
-            return {0, 0};
-        }
-        code = code << 6 | (byte(i) & 0x3Fu);
-    }
-    constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-    return code < kLeast[length] || surrogate || code > 0x10FFFF ? Character{0, 0} : Character{code, length};
-}
 
 // Control characters, and what makes text run the other way or hides.
 bool isUnsafe(char32_t code) {
@@ -86,7 +54,7 @@ void appendShown(std::string_view text, Lines lines, size_t indentation, std::st
             at += plain;
             continue;
         }
-        const Character character = decode(text, at);
+        const Character character = characterAt(text, at);
         if (character.bytes == 0) {
             *out += kReplacement;
         } else if (character.code == '\n' && lines == Lines::indented) {
@@ -103,7 +71,7 @@ void appendShown(std::string_view text, Lines lines, size_t indentation, std::st
 
 void appendUtf8(std::string_view text, std::string *out) {
     for (size_t at = 0; at < text.size();) {
-        const Character character = decode(text, at);
+        const Character character = characterAt(text, at);
         if (character.bytes == 0) {
             *out += kReplacement;
         } else {
