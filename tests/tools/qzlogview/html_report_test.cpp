@@ -181,8 +181,9 @@ TEST(HtmlReport, AHostThatFillsItsFieldEndsThere) {
 }
 
 TEST(HtmlReport, TheContextOfAContextRecordIsNoLevel) {
-    Record record = recordOf("the title");
+    Record record;
     record.fields.type = ZANTLOG_MSG_CONTEXT;
+    record.fields.text = zantLogSafeStrdup("the title");
     record.fields.slot.contextString = zantLogSafeStrdup("token");
     const json block = recordBlocks(pageOf({}, record)).at(0);
     EXPECT_EQ(block["level"], -1);

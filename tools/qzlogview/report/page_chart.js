@@ -63,6 +63,7 @@ class Chart {
     this.zone = zone;
     this.range = [state.from, state.to];
     this.counts = this.bins && countBins(this.data, marks, this.bins, this.stacking);
+    this.tip.hidden = true;
     this.showLegend();
     this.draw();
   }

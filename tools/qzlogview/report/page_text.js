@@ -82,6 +82,11 @@ function timeText(time, zone) {
   return text.slice(0, -1).replace('T', ' ');
 }
 
+// Without the parts that are zero at its end.
+function shortTimeText(time, zone) {
+  return timeText(time, zone).replace(/(:00)?\.000$/, '');
+}
+
 function dateText(time, zone) {
   return timeText(time, zone).split(' ')[0];
 }
