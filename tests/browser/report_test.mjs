@@ -434,11 +434,13 @@ const brightness = (page) => page.evaluate(() => parseInt(getComputedStyle(docum
 
 for (const colorScheme of ['light', 'dark']) {
   test(`texts stand out in the ${colorScheme} scheme`, kSome, async (page, report) => {
-    await report.open(page, '#severity=s0,s1,s2,s3,s4,l1&record=1');
+    for (const severity of ['s0', 's1', 's2', 's3', 's4', 'l1']) {
+      await report.open(page, `#severity=${severity}&record=1`);
+      const least = await leastContrast(page);
+      assert.ok(least.ratio >= 4.5, `${severity}: ${JSON.stringify(least)}`);
+    }
     const background = await brightness(page);
     assert.ok(colorScheme === 'dark' ? background < 60 : background > 200, String(background));
-    const least = await leastContrast(page);
-    assert.ok(least.ratio >= 4.5, JSON.stringify(least));
   }, { ...wide, colorScheme });
 }
 
