@@ -1,3 +1,4 @@
+// clang-format off
 /** @file
  * Query trees over log files: the codes of their nodes, what a tree means, and the helpers of those who build
  * one. None of these functions takes a lock, and none keeps what it is given.
@@ -22,15 +23,15 @@
  *
  * | Field | File level | Header level |
  * |---|---|---|
- * | ZANTLOG_QUERY_PRODUCT | product id in the file name | product id of the header; for a log set's file that
- * in its name | | ZANTLOG_QUERY_ORIGINATOR | true | originator id of the header | |
- * ZANTLOG_QUERY_FILE_ORIGINATOR | originator id in the file name; 0 for a log set's file | false | |
- * ZANTLOG_QUERY_TIME | true for the creation time or for the last write | true for the header's start time or
- * for the last write | | ZANTLOG_QUERY_START_TIME | creation time; for a log set's file the date in its name
- * | the header's start time; for a log set's file the date in its name | | ZANTLOG_QUERY_HEADER_TEXT | text
- * of the header | false | | ZANTLOG_QUERY_LOG_SET | "FileName" of the log set's configuration; false for a
- * product's file | log set name in the file name; false for a product's file | | 266, 267, 270 to 275, 277 |
- * true | false | | 276 and every other code | false | false |
+ * | ZANTLOG_QUERY_PRODUCT | product id in the file name | product id of the header; of a log set's file that in its name |
+ * | ZANTLOG_QUERY_ORIGINATOR | true | originator id of the header |
+ * | ZANTLOG_QUERY_FILE_ORIGINATOR | originator id in the file name; 0 for a log set's file | false |
+ * | ZANTLOG_QUERY_TIME | true for creation or for last write | true for the header's start time or for the last write |
+ * | ZANTLOG_QUERY_START_TIME | creation; of a log set's file the date in its name | the header's; the date as before |
+ * | ZANTLOG_QUERY_HEADER_TEXT | text of the header | false |
+ * | ZANTLOG_QUERY_LOG_SET | "FileName" of the configuration; false for a product's file | log set in the name; the same |
+ * | 266, 267, 270 to 275, 277 | true | false |
+ * | 276 and every other code | false | false |
  *
  * A tree that cannot be evaluated is false for every file: one that is a lone term, that has more than
  * ::ZANTLOG_QUERY_OPERATORS operators (a shared one counts once), an operator without its two operands, or an
@@ -40,6 +41,7 @@
  * An evaluation writes QueryNode::index of the nodes, and nothing else of them; so a tree serves one
  * evaluation at a time.
  */
+// clang-format on
 #pragma once
 
 #include "zantlog/config.h"
