@@ -3,6 +3,8 @@
 # Windows (built once into a cache), the driver of the browser tests (from npm, into the cache), a Wine prefix.
 # Run it as often as you like; it does only what is missing.
 #
+# usage: scripts/setup.sh [--without-browser]    (without: what the browser tests need is left out)
+#
 # ZANTLOG_CACHE  where the built dependencies are kept (default: ~/.cache/zantlog)
 set -euo pipefail
 
@@ -13,7 +15,9 @@ logs=$build/setup-logs
 toolchain=$root/cmake/mingw-w64-toolchain.cmake
 windows_compiler=x86_64-w64-mingw32-g++-posix
 jobs=$(nproc)
-steps=6
+with_browser=1
+if [[ ${1:-} == --without-browser ]]; then with_browser=0; fi
+steps=$((5 + with_browser))
 step=0
 mkdir -p "$cache" "$logs"
 
@@ -23,7 +27,6 @@ packages=(
     wine wine64
     googletest libicu-dev icu-devtools libcli11-dev libfmt-dev nlohmann-json3-dev libbenchmark-dev
     clang-format clang-tidy python3
-    chromium
     dpkg-dev patch xz-utils
 )
 
@@ -64,9 +67,12 @@ install_packages() {
     for package in "${packages[@]}"; do
         dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
     done
-    # Another nodejs than Debian's brings npm with it, and is at odds with Debian's.
-    command -v node >/dev/null || missing+=(nodejs)
-    command -v npm >/dev/null || missing+=(npm)
+    if ((with_browser)); then
+        command -v chromium >/dev/null || missing+=(chromium)
+        # Another nodejs than Debian's brings npm with it, and is at odds with Debian's.
+        command -v node >/dev/null || missing+=(nodejs)
+        command -v npm >/dev/null || missing+=(npm)
+    fi
     begin "Debian packages"
     if ((${#missing[@]} == 0)); then
         finish "are all there"
@@ -255,7 +261,7 @@ main() {
     build_googletest "$native_googletest" "$native_flags"
     begin "ICU for Windows"
     build_icu "$windows_icu"
-    install_browser_driver "$browser_driver"
+    if ((with_browser)); then install_browser_driver "$browser_driver"; fi
 
     local settings
     settings=$(printf 'set(ZANTLOG_%s "%s")\n' WINDOWS_GOOGLETEST "$windows_googletest" \
