@@ -101,7 +101,7 @@ TEST_F(LoggerTest, AuditMessage) {
 }
 
 TEST_F(LoggerTest, SecureAuditMessagesGoToTheEventLogAlone) {
-    setting("Default", "NtEventLogSource", "Application");
+    setting("Default", "NtEventLogSourceName", "Application");
     const ToolRun run = log({"--secure-audit", "--message-id", "4711", "--subject", "mary", "login"});
     EXPECT_TRUE(logNames().empty());
     EXPECT_EQ(run.exitCode, 0) << run.error;
@@ -248,7 +248,7 @@ TEST_F(LoggerTest, MessagesAboveTheLevelAreNotedAndNotWritten) {
 
 TEST_F(LoggerTest, SinkFlagsAreTakenWhereTheyApply) {
     setting("Default", "DiagnosticLevel", "6");
-    setting("Default", "NtEventLogSource", "Application");
+    setting("Default", "NtEventLogSourceName", "Application");
     EXPECT_EQ(log({"--app", "--stdout", "--stderr", "--event-log", "x"}).exitCode, 0);
     EXPECT_EQ(log({"--diag", "--stdout", "--stderr", "x"}).exitCode, 0);
     EXPECT_EQ(records().size(), 2u);
