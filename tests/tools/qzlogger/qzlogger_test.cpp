@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/api/localizer_library.h"
 #include "tests/api/product_fixture.h"
 #include "tests/support/log_folder.h"
 #include "tests/tools/support/run_tool.h"
@@ -105,6 +106,15 @@ TEST_F(LoggerTest, SecureAuditMessagesGoToTheEventLogAlone) {
     const ToolRun run = log({"--secure-audit", "--message-id", "4711", "--subject", "mary", "login"});
     EXPECT_TRUE(logNames().empty());
     EXPECT_EQ(run.exitCode, 0) << run.error;
+}
+
+TEST_F(LoggerTest, ApplicationMessagesAreEvents) {
+    const OfferedLocalizer offered;
+    setting("Default", "NtEventLogSourceName", "Application");
+    setting("Default", "NtEventLogCategory", "7");
+    expectLogged({"--app", "--event-log", "--severity", "1", "disk C: is full"});
+    expectLogged({"--app", "--event-log", "--severity", "2", "--message-id", "4711", "C:\xE2\x82\xAC"});
+    EXPECT_EQ(records().size(), 2u);
 }
 
 TEST_F(LoggerTest, MessageIdMakesTheTextAnArgument) {
