@@ -119,7 +119,7 @@ TEST_F(Printers, LongOfChosenFields) {
 TEST_F(Printers, JsonIsTyped) {
     EXPECT_EQ(print(record(2, "4:a81f,6:\"a\"\n\\b,2:db,1,(2|i32:-5|S2:C:|)"), OutputFormat::json),
               "{\"time\":\"2025-11-15 23:23:20.123\",\"timestamp\":1763249000123,\"type\":\"application\","
-              "\"severity\":1,\"level\":1,\"product\":12,\"originator\":3,\"fileoriginator\":3,"
+              "\"severity\":1,\"product\":12,\"originator\":3,\"fileoriginator\":3,"
               "\"sequence\":57,\"pid\":4242,\"tid\":777,\"context\":\"a81f\",\"who\":\"db\","
               "\"text\":\"\\\"a\\\"\\n\\\\b\",\"args\":[{\"type\":\"signed\",\"value\":-5},"
               "{\"type\":\"native\",\"value\":\"C:\"}],\"host\":\"buildhost\",\"version\":65543,"
