@@ -81,7 +81,7 @@ private:
         *out += colours_ ? word.colour : "";
         if (record.type() <= ZANTLOG_MSG_DIAGNOSTIC) {
             const size_t begin = out->size();
-            out->append(word.text, std::char_traits<char>::find(word.text, 8, ' ') - word.text);
+            *out += record.type() == ZANTLOG_MSG_DEBUG ? "debug " : "diag ";
             appendNumber(record.level(), out);
             out->append(8 - std::min<size_t>(7, out->size() - begin), ' ');
         } else {

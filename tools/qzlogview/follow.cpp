@@ -36,8 +36,13 @@ void Follower::readNew(Followed *followed, std::vector<EntryPointer> *entries) {
         (void)file.readHeader(&header);
         followed->hasHeader = true;
         followed->offset = file.offset();
-    } else if (!file.open(followed->source.path) || file.size() <= followed->offset ||
-               !file.seek(followed->offset)) {
+    } else if (!file.open(followed->source.path)) {
+        return;
+    } else if (file.size() < followed->offset) {
+        followed->hasHeader = false; // another file of that name, which is read from its beginning
+        readNew(followed, entries);
+        return;
+    } else if (file.size() == followed->offset || !file.seek(followed->offset)) {
         return;
     }
     while (file.next() == LineState::line) {

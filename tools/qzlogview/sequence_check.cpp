@@ -9,6 +9,9 @@ namespace {
 // Numbers in a row behind a gap that show that it is one.
 constexpr uint32_t kConvincing = 3;
 
+// Handles of one writer that are followed at a time: those that came first have long been closed.
+constexpr size_t kMostChains = 64;
+
 std::string numbersText(uint32_t first, uint32_t last) {
     return first == last ? "number " + std::to_string(first) + " is"
                          : "numbers " + std::to_string(first) + " to " + std::to_string(last) + " are";
@@ -41,6 +44,9 @@ std::optional<std::string> SequenceCheck::add(const Record &record) {
         return std::nullopt;
     }
     if (chains.empty() || number == 1) {
+        if (chains.size() == kMostChains) {
+            chains.erase(chains.begin());
+        }
         chains.push_back({number + 1});
         return std::nullopt;
     }

@@ -11,8 +11,10 @@ namespace {
 
 constexpr uint64_t kFirstChunk = 65536;
 
+// Sources stand in one array, in the order of the files.
 bool earlier(const EntryPointer &a, const EntryPointer &b) {
-    return a->key < b->key;
+    return std::tuple(a->key, a->record.source, a->record.offset) <
+           std::tuple(b->key, b->record.source, b->record.offset);
 }
 
 // The latest records of all that are added; the earliest of them goes when there are more than are wanted.
@@ -21,7 +23,7 @@ public:
     explicit Latest(size_t count) : count_(count) {}
 
     void add(EntryPointer entry) {
-        if (count_ == 0 || (full() && entry->key < entries_.front()->key)) {
+        if (count_ == 0 || (full() && earlier(entry, entries_.front()))) {
             return;
         }
         entries_.push_back(std::move(entry));
@@ -33,10 +35,7 @@ public:
     }
     [[nodiscard]] bool full() const { return entries_.size() >= count_; }
     [[nodiscard]] std::vector<EntryPointer> inOrder() {
-        std::stable_sort(entries_.begin(), entries_.end(), [](const EntryPointer &a, const EntryPointer &b) {
-            return std::tuple(a->key, a->record.source, a->record.offset) <
-                   std::tuple(b->key, b->record.source, b->record.offset);
-        });
+        std::sort(entries_.begin(), entries_.end(), earlier);
         return std::move(entries_);
     }
 

@@ -37,12 +37,20 @@ uint64_t verifyLines(LogFile *file, const Source &source, SequenceCheck *numbers
     }
 }
 
+// In milliseconds. The first record does not tell it of every file: contexts that are written again after a
+// rollover keep their times.
+uint64_t beginOf(const Source &source) {
+    constexpr uint64_t kMilliseconds = 1000;
+    return source.header.startTime > 0 ? static_cast<uint64_t>(source.header.startTime) * kMilliseconds
+                                       : source.firstTime;
+}
+
 } // namespace
 
 uint64_t verifyFiles(const std::vector<std::string> &paths, const DamageSink &damage) {
     std::vector<Source> sources = readSources(paths, damage);
     std::stable_sort(sources.begin(), sources.end(), [](const Source &a, const Source &b) {
-        return std::tie(a.firstTime, a.path) < std::tie(b.firstTime, b.path);
+        return std::tuple(beginOf(a), a.path) < std::tuple(beginOf(b), b.path);
     });
     SequenceCheck numbers;
     uint64_t records = 0;

@@ -8,7 +8,7 @@
 
 namespace zantlog::view {
 
-// Reads everything and reports each damaged place, the files in the order of their first records. Returns the
+// Reads everything and reports each damaged place, the files in the order in which they were begun. Returns the
 // number of records.
 uint64_t verifyFiles(const std::vector<std::string> &paths, const DamageSink &damage);
 
