@@ -12,8 +12,10 @@ namespace {
 
 constexpr int64_t kMilliseconds = 1000;
 
-// Clocks of file systems are coarse, and a file may be made a little later than its first message.
-constexpr int64_t kSlack = 5; // seconds
+// In seconds. Clocks of file systems are coarse. A file may be made a little later than its first message,
+// and a log set's tells its beginning in the local time of a host that may be in any zone.
+constexpr int64_t kSlackSince = 5;
+constexpr int64_t kSlackUntil = 26 * 3600;
 
 int64_t secondsBelow(int64_t milliseconds) {
     return milliseconds / kMilliseconds - (milliseconds % kMilliseconds < 0 ? 1 : 0);
@@ -94,6 +96,14 @@ QueryNode *FileQuery::compare(uint32_t field, int32_t operatorCode, int64_t numb
     return join(operatorCode, leftNode, add(right));
 }
 
+// What the library knows of the file originator holds at file level for every file, and at header level for
+// none: the other comparison decides there alone.
+QueryNode *FileQuery::atHeaderLevel(QueryNode *node) {
+    return node == nullptr ? nullptr
+                           : join(ZANTLOG_QUERY_OR, node,
+                                  compare(ZANTLOG_QUERY_FILE_ORIGINATOR, ZANTLOG_QUERY_GREATER_OR_EQUAL, 0));
+}
+
 QueryNode *FileQuery::compareText(uint32_t field, const std::string &text) {
     constexpr size_t kLongest = 511;
     const std::string &native = texts_.emplace_back(tools::codePageFromUtf8(text));
@@ -135,14 +145,16 @@ QueryNode *FileQuery::buildProduct(const Expression &expression, bool inverted) 
 }
 
 // A file holds messages from about its beginning to its last write, and the library's time is either of both:
-// a comparison holds for a file as soon as it may hold for one of its messages.
+// a comparison holds for a file as soon as it may hold for one of its messages. The beginning is what the
+// header says: that of the listing is later in a file that has been copied.
 QueryNode *FileQuery::buildTime(const Expression &expression, bool inverted) {
     const int64_t seconds = secondsBelow(expression.number());
     const auto since = [&] {
-        return compare(ZANTLOG_QUERY_TIME, ZANTLOG_QUERY_GREATER_OR_EQUAL, seconds - kSlack);
+        return compare(ZANTLOG_QUERY_TIME, ZANTLOG_QUERY_GREATER_OR_EQUAL, seconds - kSlackSince);
     };
     const auto until = [&] {
-        return compare(ZANTLOG_QUERY_TIME, ZANTLOG_QUERY_LESS_OR_EQUAL, seconds + 1 + kSlack);
+        return atHeaderLevel(
+            compare(ZANTLOG_QUERY_TIME, ZANTLOG_QUERY_LESS_OR_EQUAL, seconds + 1 + kSlackUntil));
     };
     switch (inverted ? opposite(expression.comparison()) : expression.comparison()) {
     case Comparison::greater:
@@ -179,9 +191,10 @@ QueryNode *FileQuery::build(const Expression &expression, bool inverted) {
         return buildTime(expression, inverted);
     }
     // The library knows no other comparison of a log set, and takes every one of a product's file for false.
-    // The originator of a record need not be the one that the file belongs to.
+    // At file level it compares what the log set's files are called today, not what this one is called. The
+    // originator of a record need not be the one that the file belongs to.
     if (field == "logset" && expression.comparison() == Comparison::equal && !inverted) {
-        return compareText(ZANTLOG_QUERY_LOG_SET, expression.text());
+        return atHeaderLevel(compareText(ZANTLOG_QUERY_LOG_SET, expression.text()));
     }
     return nullptr;
 }

@@ -29,6 +29,7 @@ private:
     QueryNode *buildTime(const Expression &expression, bool inverted);
     QueryNode *compare(uint32_t field, int32_t operatorCode, int64_t number);
     QueryNode *compareText(uint32_t field, const std::string &text);
+    QueryNode *atHeaderLevel(QueryNode *node);
     QueryNode *join(int32_t operatorCode, QueryNode *left, QueryNode *right);
     QueryNode *add(const QueryNode &node);
 

@@ -107,21 +107,24 @@ private:
     }
 
     bool alternatives(int depth) {
-        const uint32_t begin = here();
-        if (!sequence(depth)) {
-            return false;
-        }
-        while (take('|')) {
-            const Program left = cut(begin);
-            emit({Op::split, false, 0, begin + 1, begin + static_cast<uint32_t>(left.size()) + 2});
-            if (!append(left)) {
-                return false;
-            }
-            const uint32_t jump = here();
-            emit({Op::jump});
+        std::vector<uint32_t> jumps; // from the end of each alternative but the last
+        for (;;) {
+            const uint32_t begin = here();
             if (!sequence(depth)) {
                 return false;
             }
+            if (!take('|')) {
+                break;
+            }
+            const Program part = cut(begin);
+            emit({Op::split, false, 0, begin + 1, begin + static_cast<uint32_t>(part.size()) + 2});
+            if (!append(part)) {
+                return false;
+            }
+            jumps.push_back(here());
+            emit({Op::jump});
+        }
+        for (const uint32_t jump : jumps) {
             regex_.program_[jump].first = here();
         }
         return true;

@@ -69,6 +69,13 @@ void appendShown(std::string_view text, Lines lines, size_t indentation, std::st
     }
 }
 
+std::string quoted(std::string_view text) {
+    constexpr size_t kLongest = 60;
+    std::string shown = "\"";
+    appendShown(text.substr(0, kLongest), Lines::one, 0, &shown);
+    return shown + (text.size() > kLongest ? "...\"" : "\"");
+}
+
 void appendUtf8(std::string_view text, std::string *out) {
     for (size_t at = 0; at < text.size();) {
         const Character character = characterAt(text, at);

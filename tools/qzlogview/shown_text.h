@@ -17,6 +17,10 @@ enum class Lines {
 // nor drive a terminal.
 void appendShown(std::string_view text, Lines lines, size_t indentation, std::string *out);
 
+// The text between quotation marks, as an error shows what was given: safely, and the beginning of a long
+// one.
+std::string quoted(std::string_view text);
+
 // Appends the text with bytes that are no UTF-8 as U+FFFD.
 void appendUtf8(std::string_view text, std::string *out);
 

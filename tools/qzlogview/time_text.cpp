@@ -7,6 +7,7 @@
 
 #include "tools/common/ascii.h"
 #include "tools/common/tool_error.h"
+#include "tools/qzlogview/shown_text.h"
 #include "zantlog/os_layer.h"
 
 namespace zantlog::view {
@@ -49,7 +50,7 @@ bool takeLiteral(std::string_view *rest, char literal) {
 }
 
 [[noreturn]] void refuse(std::string_view text, const std::string &why) {
-    tools::usageError("\"" + std::string(text) + "\" is no time: " + why);
+    tools::usageError(quoted(text) + " is no time: " + why);
 }
 
 // "2026-11-20"; false when the text begins with no date.

@@ -14,6 +14,13 @@ bool isNameBegin(char character) {
     return tools::lower(character) >= 'a' && tools::lower(character) <= 'z';
 }
 
+// Whether the next character is meant itself. Before others than these a backslash is one: paths and regular
+// expressions are full of them.
+bool isEscape(std::string_view expression, size_t at, char quote) {
+    return expression[at] == '\\' && at + 1 < expression.size() &&
+           (expression[at + 1] == quote || expression[at + 1] == '\\');
+}
+
 class Lexer {
 public:
     explicit Lexer(std::string_view expression) : expression_(expression) {}
@@ -82,13 +89,7 @@ private:
         const char quote = expression_[at_++];
         word->token = WhereToken::text;
         for (; at_ < expression_.size() && expression_[at_] != quote; ++at_) {
-            if (expression_[at_] == '\\' && at_ + 1 < expression_.size()) {
-                const char escaped = expression_[at_ + 1];
-                // Before other characters a backslash is one: paths and regular expressions are full of them.
-                if (escaped == quote || escaped == '\\') {
-                    ++at_;
-                }
-            }
+            at_ += isEscape(expression_, at_, quote) ? 1 : 0;
             word->text += expression_[at_];
         }
         if (at_ == expression_.size()) {
@@ -128,6 +129,15 @@ void whereError(std::string_view expression, size_t position, const std::string 
         return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
     }));
     tools::usageError(what + "\n  " + before + behind + "\n  " + std::string(width, ' ') + "^");
+}
+
+size_t placeInText(std::string_view expression, const WhereWord &text, size_t byte) {
+    const char quote = expression[text.position];
+    size_t at = text.position + 1;
+    for (size_t i = 0; i < byte; ++i) {
+        at += isEscape(expression, at, quote) ? 2 : 1;
+    }
+    return at;
 }
 
 std::vector<WhereWord> whereWords(std::string_view expression) {

@@ -23,6 +23,9 @@ struct WhereWord {
 // A usage error with the expression, and a caret below the place.
 [[noreturn]] void whereError(std::string_view expression, size_t position, const std::string &what);
 
+// Where a byte of a text that stood between quotation marks stands in the expression.
+size_t placeInText(std::string_view expression, const WhereWord &text, size_t byte);
+
 // The words, with an end behind them.
 std::vector<WhereWord> whereWords(std::string_view expression);
 

@@ -4,6 +4,7 @@
 
 #include "tools/common/ascii.h"
 #include "tools/common/suggestions.h"
+#include "tools/qzlogview/shown_text.h"
 #include "tools/qzlogview/where_lexer.h"
 
 namespace zantlog::view {
@@ -99,8 +100,10 @@ private:
         }
         const WhereField *found = findWhereField(word().text);
         if (found == nullptr) {
-            fail("there is no field \"" + word().text + "\"" +
-                 tools::didYouMean(tools::nearest(word().text, whereFieldNames())));
+            constexpr size_t kLongest = 40; // that could be meant for one
+            const std::string name = word().text.substr(0, kLongest);
+            fail("there is no field " + quoted(word().text) +
+                 tools::didYouMean(tools::nearest(name, whereFieldNames())));
         }
         ++at_;
         return *found;
@@ -158,8 +161,7 @@ private:
         Regex::Error error;
         std::optional<Regex> regex = Regex::compile(value.text, &error);
         if (!regex) {
-            // One place further for the quotation mark; escapes before it would make it some more.
-            whereError(expression_, std::min(value.position + 1 + error.position, expression_.size()),
+            whereError(expression_, placeInText(expression_, value, error.position),
                        "the regular expression is wrong: " + error.what);
         }
         return Expression::matchText(left, std::move(*regex));
@@ -175,7 +177,7 @@ private:
             if (const auto number = left.named(tools::lowered(value.text))) {
                 return *number;
             }
-            fail("there is no " + std::string(left.name) + " \"" + value.text + "\"");
+            fail("there is no " + std::string(left.name) + " " + quoted(value.text));
         }
         fail("a number was expected here: " + std::string(left.name) + " is a number");
     }

@@ -463,7 +463,7 @@ TEST(Regex, AnswersAsTheStandardLibraryDoes) {
     std::mt19937 random(20261120);
     const auto below = [&](size_t limit) { return random() % limit; };
     size_t compared = 0;
-    for (int round = 0; round < 60000; ++round) {
+    for (int round = 0; round < 15000; ++round) {
         std::string expression;
         for (size_t left = 1 + below(7); left > 0; --left) {
             expression += kPieces[below(std::size(kPieces))];
@@ -486,7 +486,7 @@ TEST(Regex, AnswersAsTheStandardLibraryDoes) {
         ASSERT_EQ(regex->isFoundIn(text), std::regex_search(text, *standard))
             << "\"" << expression << "\" in \"" << text << "\"";
     }
-    EXPECT_GT(compared, 10000U);
+    EXPECT_GT(compared, 3000U);
 }
 
 } // namespace
