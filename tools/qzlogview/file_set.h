@@ -41,6 +41,9 @@ std::vector<std::string> selectedFiles(Configurations *configurations, QueryNode
 // Paths of named files, and of the *.log files of named directories. An error names what is not there.
 std::vector<std::string> namedFiles(const std::vector<std::string> &names);
 
+// The same, without those that are not there (any more).
+std::vector<std::string> filesThere(const std::vector<std::string> &names);
+
 // Opens each file for its header. Those that cannot be read are reported and left out.
 std::vector<Source> readSources(const std::vector<std::string> &paths, const DamageSink &damage);
 
