@@ -181,13 +181,21 @@ std::vector<std::string> selectedFiles(Configurations *configurations, QueryNode
 
 std::vector<std::string> filesThere(const std::vector<std::string> &names) {
     std::vector<std::string> paths;
+    std::set<fs::path> known; // a file may be named, and be in a directory that is named too
+    const auto add = [&](const std::string &path) {
+        std::error_code error;
+        const fs::path whole = fs::absolute(pathOf(path), error).lexically_normal();
+        if (known.insert(error ? pathOf(path) : whole).second) {
+            paths.push_back(path);
+        }
+    };
     for (const std::string &name : names) {
         std::error_code error;
         if (fs::is_directory(pathOf(name), error)) {
             const std::vector<std::string> logs = logsIn(pathOf(name));
-            paths.insert(paths.end(), logs.begin(), logs.end());
+            std::for_each(logs.begin(), logs.end(), add);
         } else if (fs::exists(pathOf(name), error)) {
-            paths.push_back(name);
+            add(name);
         }
     }
     return paths;
