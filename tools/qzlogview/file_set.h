@@ -26,9 +26,11 @@ public:
     [[nodiscard]] std::string productName(uint32_t product) const;
     [[nodiscard]] std::string originatorName(uint32_t product, uint32_t originator) const;
 
+    // Finds originators that have no section and have log files meanwhile.
+    void addOriginatorsWithoutSection();
+
 private:
     void load();
-    void addOriginatorsWithoutSection();
     void addConfiguration(uint32_t product, uint32_t originator);
 
     std::vector<zantLogCfg *> records_;

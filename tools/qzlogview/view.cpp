@@ -86,6 +86,15 @@ private:
         return selected;
     }
 
+    // For another look: what there is by now, and what has gone does not matter.
+    std::vector<std::string> pathsNow() {
+        if (!options_.files.empty()) {
+            return filesThere(options_.files);
+        }
+        configurations_.addOriginatorsWithoutSection();
+        return paths();
+    }
+
     std::vector<Source> sources() { return readSources(paths(), damage_); }
 
     void print(const Entry &entry) {
@@ -168,7 +177,7 @@ private:
         while (output_.flush()) {
             std::this_thread::sleep_for(kPause);
             if (const auto begun = Clock::now(); begun >= nextListing) {
-                follower.update(options_.files.empty() ? paths() : filesThere(options_.files));
+                follower.update(pathsNow());
                 // A listing of very many files does not take all of the time.
                 constexpr int kShare = 4;
                 nextListing = Clock::now() + kShare * (Clock::now() - begun);
