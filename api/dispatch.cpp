@@ -39,7 +39,8 @@ uint32_t dispatchToSinks(zantLogHandle *handle, uint32_t callFlags, zantLogMsgRe
         return result;
     }
     if (rec->type == ZANTLOG_MSG_APPLICATION) {
-        reportMessage(handle, rec); // the log file has the message; its event is a copy that may be missed
+        // The log file has the message; its event is a copy that may be missed.
+        (void)reportMessage(handle, rec);
     } else if (rec->type == ZANTLOG_MSG_SECURE_AUDIT) {
         result = static_cast<uint32_t>(reportMessage(handle, rec));
     }

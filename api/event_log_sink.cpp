@@ -24,6 +24,7 @@ constexpr uint16_t kEventAuditFailure = 16;
 constexpr uint32_t kEventFormat = 0x600;
 constexpr uint32_t kMostStrings = UINT16_MAX;
 constexpr size_t kPrefixBytes = 2048;
+constexpr size_t kLongestCharacter = 4; // bytes, in any code page
 
 uint16_t eventType(const zantLogMsgRec &rec) {
     if (rec.type == ZANTLOG_MSG_SECURE_AUDIT) {
@@ -50,6 +51,18 @@ const char *printable(const char *text) {
     return text != nullptr ? text : "(null)";
 }
 
+bool hasWideForm(const char (&text)[kPrefixBytes]) {
+    wchar_t wide[kPrefixBytes];
+    return os::multiByteToWide(wide, text, kPrefixBytes) != os::kConversionFailed;
+}
+
+// A cut can leave a part of the last character, for whose sake the whole text would have no wide form.
+void dropCutCharacter(char (&text)[kPrefixBytes], size_t length) {
+    for (size_t dropped = 1; dropped < kLongestCharacter && !hasWideForm(text); ++dropped) {
+        text[length - dropped] = '\0';
+    }
+}
+
 void securePrefix(const zantLogHandle &handle, const zantLogMsgRec &rec, char (&buffer)[kPrefixBytes]) {
     const zantLogCfg *cfg = handle.secureConfig;
     BoundedText text(buffer);
@@ -59,6 +72,9 @@ void securePrefix(const zantLogHandle &handle, const zantLogMsgRec &rec, char (&
     text.number(rec.processId).character(',').number(rec.threadId).character(',');
     text.text(printable(rec.contextToken)).character(',').text(printable(rec.who)).character(',');
     text.signedNumber(static_cast<int32_t>(rec.outcome)).character(' ');
+    if (text.cut()) {
+        dropCutCharacter(buffer, text.length());
+    }
 }
 
 // The two texts, one behind the other; null when one has no wide form or memory is short.

@@ -1,10 +1,7 @@
 #include "base/shown_text.h"
 
-#include "logfile/os/os_text.h"
-#include "zantlog/results.h"
+#include "base/code_page_converter.h"
 
-#include <memory>
-#include <unicode/ucnv.h>
 #include <unicode/ustring.h>
 
 namespace zantlog {
@@ -14,28 +11,12 @@ namespace {
 constexpr size_t kLongestText = INT32_MAX / 4; // ICU counts in int32_t, and a unit may become four bytes
 constexpr UChar32 kReplacement = 0xFFFD;
 
-struct CloseConverter {
-    void operator()(UConverter *converter) const { ucnv_close(converter); }
-};
-using Converter = std::unique_ptr<UConverter, CloseConverter>;
-
-uint32_t resultOf(UErrorCode status) {
-    if (status == U_MEMORY_ALLOCATION_ERROR) {
-        return ZANTLOG_OUT_OF_MEMORY;
-    }
-    return U_FAILURE(status) ? ZANTLOG_FAILURE : ZANTLOG_OK;
-}
-
 // A converter substitutes what it does not have, unless it is told otherwise; by a control character in many
 // code pages.
-uint32_t openConverter(Converter *out) {
-    UErrorCode status = U_ZERO_ERROR;
-    out->reset(ucnv_open(os::codePageName(), &status));
-    if (U_FAILURE(status)) {
-        return resultOf(status);
-    }
-    ucnv_setSubstChars(out->get(), "?", 1, &status);
-    return resultOf(status);
+uint32_t openShowing(Converter *out) {
+    return openConverter(out, [](UConverter *converter, UErrorCode *status) {
+        ucnv_setSubstChars(converter, "?", 1, status);
+    });
 }
 
 } // namespace
@@ -45,7 +26,7 @@ uint32_t shownInCodePage(const wchar_t *wide, size_t units, OwnedText *out, size
         return ZANTLOG_FAILURE;
     }
     Converter converter;
-    if (const uint32_t result = openConverter(&converter); result != ZANTLOG_OK) {
+    if (const uint32_t result = openShowing(&converter); result != ZANTLOG_OK) {
         return result;
     }
     const int32_t room =

@@ -1,12 +1,9 @@
 // Conversions between UTF-8, UTF-16 and the process's code page, by ICU.
 #include "base/utf8.h"
 
-#include "logfile/os/os_text.h"
-#include "zantlog/results.h"
+#include "base/code_page_converter.h"
 
 #include <cstring>
-#include <memory>
-#include <unicode/ucnv.h>
 #include <unicode/ustring.h>
 
 namespace zantlog {
@@ -24,29 +21,13 @@ const UChar *asUtf16(const wchar_t *text) {
     return reinterpret_cast<const UChar *>(text);
 }
 
-struct CloseConverter {
-    void operator()(UConverter *converter) const { ucnv_close(converter); }
-};
-using Converter = std::unique_ptr<UConverter, CloseConverter>;
-
-uint32_t resultOf(UErrorCode status) {
-    if (status == U_MEMORY_ALLOCATION_ERROR) {
-        return ZANTLOG_OUT_OF_MEMORY;
-    }
-    return U_FAILURE(status) ? ZANTLOG_FAILURE : ZANTLOG_OK;
-}
-
-// One of its own for each conversion, so that threads share nothing. What it cannot convert is an error: a
-// substitute would be written into a store and not be found there again.
-uint32_t openConverter(Converter *out) {
-    UErrorCode status = U_ZERO_ERROR;
-    out->reset(ucnv_open(os::codePageName(), &status));
-    if (U_FAILURE(status)) {
-        return resultOf(status);
-    }
-    ucnv_setFromUCallBack(out->get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
-    ucnv_setToUCallBack(out->get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
-    return resultOf(status);
+// What it cannot convert is an error: a substitute would be written into a store and not be found there
+// again.
+uint32_t openExact(Converter *out) {
+    return openConverter(out, [](UConverter *converter, UErrorCode *status) {
+        ucnv_setFromUCallBack(converter, UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, status);
+        ucnv_setToUCallBack(converter, UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, status);
+    });
 }
 
 } // namespace
@@ -114,7 +95,7 @@ uint32_t codePageFromUtf8(const char *text, OwnedText *out) {
     uint32_t result = wideFromUtf8(text, &wide);
     Converter converter;
     if (result == ZANTLOG_OK) {
-        result = openConverter(&converter);
+        result = openExact(&converter);
     }
     if (result != ZANTLOG_OK) {
         return result;
@@ -145,7 +126,7 @@ uint32_t utf8FromCodePage(const char *text, OwnedText *out) {
         return ZANTLOG_OUT_OF_MEMORY;
     }
     Converter converter;
-    if (const uint32_t result = openConverter(&converter); result != ZANTLOG_OK) {
+    if (const uint32_t result = openExact(&converter); result != ZANTLOG_OK) {
         return result;
     }
     UErrorCode status = U_ZERO_ERROR;

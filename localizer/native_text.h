@@ -17,7 +17,6 @@ public:
     void wide(const wchar_t *piece, size_t units);
 
     [[nodiscard]] bool full() const { return length_ == kLongest; }
-    [[nodiscard]] bool failed() const { return failed_; } // for want of memory
 
     // The text, terminated; null when it failed.
     [[nodiscard]] OwnedText take();
@@ -28,7 +27,7 @@ private:
     OwnedText bytes_;
     size_t capacity_ = 0;
     size_t length_ = 0;
-    bool failed_ = false;
+    bool failed_ = false; // for want of memory
 };
 
 } // namespace zantlog::localizer

@@ -17,7 +17,6 @@ struct Placeholder {
 };
 
 inline constexpr char kPlaceholderLetters[] = "dxXonfegti";
-inline constexpr unsigned kLastArgument = 99;
 
 enum class PieceKind : uint8_t { End, Literal, Argument, Malformed };
 

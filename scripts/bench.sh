@@ -10,7 +10,7 @@ build=$root/build/windows-release
 native=$root/build/native-release
 work=$root/build/bench-store
 
-"$root/scripts/setup.sh"
+"$root/scripts/setup.sh" --without-browser
 cd "$root"
 cmake --preset windows-release >/dev/null
 cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench parse_bench query_bench selection_bench reload_bench

@@ -25,7 +25,7 @@ windows_path() {
 run() { "$root/scripts/wine-run" "$build/bin/$1.exe" "${@:2}"; }
 
 build_everything() {
-    "$root/scripts/setup.sh"
+    "$root/scripts/setup.sh" --without-browser
     cd "$root"
     cmake --preset windows-release >"$root/build/configure.log" || { cat "$root/build/configure.log" >&2; exit 1; }
     echo "building the library and its tools"

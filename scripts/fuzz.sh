@@ -39,7 +39,7 @@ if ! command -v clang++ >/dev/null; then
     echo "clang is missing, with its fuzzing library: apt-get install clang libclang-rt-14-dev" >&2
     exit 1
 fi
-scripts/setup.sh || exit 1
+scripts/setup.sh --without-browser || exit 1
 
 build=build/fuzz
 echo "building ${#targets[@]} targets"

@@ -8,7 +8,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 build=build/windows-release
 if [[ ! -f $build/compile_commands.json ]]; then
-    scripts/setup.sh
+    scripts/setup.sh --without-browser
     cmake --preset windows-release >/dev/null
 fi
 

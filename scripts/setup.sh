@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
 # Makes a bare Debian 12 ready to build and test zantlog: Debian packages, GoogleTest and a static ICU for
-# Windows (built once into a cache), a Wine prefix. Run it as often as you like; it does only what is missing.
+# Windows (built once into a cache), the driver of the browser tests (from npm, into the cache), a Wine prefix.
+# Run it as often as you like; it does only what is missing.
+#
+# usage: scripts/setup.sh [--without-browser]    (without: what the browser tests need is left out)
 #
 # ZANTLOG_CACHE  where the built dependencies are kept (default: ~/.cache/zantlog)
 set -euo pipefail
@@ -12,7 +15,9 @@ logs=$build/setup-logs
 toolchain=$root/cmake/mingw-w64-toolchain.cmake
 windows_compiler=x86_64-w64-mingw32-g++-posix
 jobs=$(nproc)
-steps=5
+with_browser=1
+if [[ ${1:-} == --without-browser ]]; then with_browser=0; fi
+steps=$((5 + with_browser))
 step=0
 mkdir -p "$cache" "$logs"
 
@@ -62,6 +67,12 @@ install_packages() {
     for package in "${packages[@]}"; do
         dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
     done
+    if ((with_browser)); then
+        command -v chromium >/dev/null || missing+=(chromium)
+        # Another nodejs than Debian's brings npm with it, and is at odds with Debian's.
+        command -v node >/dev/null || missing+=(nodejs)
+        command -v npm >/dev/null || missing+=(npm)
+    fi
     begin "Debian packages"
     if ((${#missing[@]} == 0)); then
         finish "are all there"
@@ -185,6 +196,24 @@ build_icu() {
     finish "built"
 }
 
+# ---- the driver of the browser; its lock file names the version and the checksum
+
+install_browser_driver() {
+    local destination=$1
+    begin "driver of the browser"
+    if [[ -f $destination/.complete ]]; then
+        finish "is there"
+        return
+    fi
+    printf ': fetching ...'
+    rm -rf "$destination"
+    mkdir -p "$destination"
+    cp "$root/tests/browser/package.json" "$root/tests/browser/package-lock.json" "$destination"
+    quietly browser_driver npm ci --prefix "$destination" --ignore-scripts --no-audit --no-fund
+    touch "$destination/.complete"
+    finish "fetched"
+}
+
 # ---- Wine
 
 make_wine_prefix() {
@@ -220,10 +249,11 @@ main() {
     windows_version=$($windows_compiler -dumpfullversion)
     native_version=$(g++ -dumpfullversion)
     local native_flags=-fshort-wchar
-    local windows_googletest native_googletest windows_icu
+    local windows_googletest native_googletest windows_icu browser_driver
     windows_googletest=$cache/windows-googletest-$(key "$googletest_version" "$windows_version")
     native_googletest=$cache/native-googletest-$(key "$googletest_version" "$native_version" "$native_flags")
     windows_icu=$cache/windows-icu-$(key "$windows_version" "$(cat "$root/cmake/icu/CMakeLists.txt")")
+    browser_driver=$cache/browser-driver-$(key "$(cat "$root/tests/browser/package-lock.json")")
 
     begin "GoogleTest for Windows"
     build_googletest "$windows_googletest" "" -DCMAKE_TOOLCHAIN_FILE="$toolchain"
@@ -231,10 +261,11 @@ main() {
     build_googletest "$native_googletest" "$native_flags"
     begin "ICU for Windows"
     build_icu "$windows_icu"
+    if ((with_browser)); then install_browser_driver "$browser_driver"; fi
 
     local settings
     settings=$(printf 'set(ZANTLOG_%s "%s")\n' WINDOWS_GOOGLETEST "$windows_googletest" \
-        NATIVE_GOOGLETEST "$native_googletest" WINDOWS_ICU "$windows_icu")
+        NATIVE_GOOGLETEST "$native_googletest" WINDOWS_ICU "$windows_icu" BROWSER_DRIVER "$browser_driver")
     if [[ ! -f $build/dependencies.cmake || $(<"$build/dependencies.cmake") != "$settings" ]]; then
         printf '%s\n' "$settings" >"$build/dependencies.cmake"
     fi

@@ -31,9 +31,9 @@ ZANTLOG_API int32_t osLogOpenEx(const zantLogEventSource *source, zantLogEventLo
 ZANTLOG_API int32_t osLogClose(void **eventLogHandle);
 
 /**
- * Loads a library of the product by its base name. The file name is the base name, its file part cut at the
- * first "_" or "." after the
- * last backslash, followed by "_3.dll": "zantLogFormatMsg" loads zantLogFormatMsg_3.dll.
+ * Loads a library of the product by its base name. The file name is the base name, its file part (after the
+ * last backslash) cut at the first "_" or ".", followed by "_3.dll": "zantLogFormatMsg" loads
+ * zantLogFormatMsg_3.dll.
  *
  * @param module    receives the module, null after a failure; release it with SharedLibUnload()
  * @param baseName  may name a directory

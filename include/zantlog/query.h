@@ -22,15 +22,18 @@
  *
  * | Field | File level | Header level |
  * |---|---|---|
- * | ZANTLOG_QUERY_PRODUCT | product id in the file name | product id of the header; for a log set's file that
- * in its name | | ZANTLOG_QUERY_ORIGINATOR | true | originator id of the header | |
- * ZANTLOG_QUERY_FILE_ORIGINATOR | originator id in the file name; 0 for a log set's file | false | |
- * ZANTLOG_QUERY_TIME | true for the creation time or for the last write | true for the header's start time or
- * for the last write | | ZANTLOG_QUERY_START_TIME | creation time; for a log set's file the date in its name
- * | the header's start time; for a log set's file the date in its name | | ZANTLOG_QUERY_HEADER_TEXT | text
- * of the header | false | | ZANTLOG_QUERY_LOG_SET | "FileName" of the log set's configuration; false for a
- * product's file | log set name in the file name; false for a product's file | | 266, 267, 270 to 275, 277 |
- * true | false | | 276 and every other code | false | false |
+ * | ZANTLOG_QUERY_PRODUCT | product id in the file name | product id of the header (1) |
+ * | ZANTLOG_QUERY_ORIGINATOR | true | originator id of the header (2) |
+ * | ZANTLOG_QUERY_FILE_ORIGINATOR | originator id in the file name (2) | false |
+ * | ZANTLOG_QUERY_TIME | creation time or last write (3) | start time of the header (1) or last write (3) |
+ * | ZANTLOG_QUERY_START_TIME | creation time (1) | start time of the header (1) |
+ * | ZANTLOG_QUERY_HEADER_TEXT | text of the header | false |
+ * | ZANTLOG_QUERY_LOG_SET | "FileName" of the configuration (4) | log set name in the file name (4) |
+ * | 266, 267, 270 to 275, 277 | true | false |
+ * | 276 and every other code | false | false |
+ *
+ * (1) Of a log set's file its name tells product id and time: the date in it. (2) 0 for a log set's file.
+ * (3) True when the comparison holds for either of the two. (4) False for a product's file.
  *
  * A tree that cannot be evaluated is false for every file: one that is a lone term, that has more than
  * ::ZANTLOG_QUERY_OPERATORS operators (a shared one counts once), an operator without its two operands, or an

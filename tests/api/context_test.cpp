@@ -140,6 +140,66 @@ TEST_F(ContextTest, NestedContextStampsItsOwnToken) {
     EXPECT_EQ(zantLogDestroyContext(&outer), 0u);
 }
 
+TEST_F(ContextTest, ContextsOfOneParentStampTheirOwnTokens) {
+    OpenLog log;
+    zantLogHandle first = {};
+    zantLogHandle second = {};
+    ASSERT_EQ(zantLogCreateContext(&log, &first, "first", 0, "x"), 0u);
+    ASSERT_EQ(zantLogCreateContext(&log, &second, "second", 0, "y"), 0u);
+    ASSERT_EQ(logText(&first, "a"), 0u);
+    ASSERT_EQ(logText(&second, "b"), 0u);
+    EXPECT_EQ(zantLogDestroyContext(&first), 0u);
+    ASSERT_EQ(logText(&second, "c"), 0u);
+    ASSERT_EQ(records().size(), 5u);
+    EXPECT_EQ(records()[0].sequence, 1u);
+    EXPECT_EQ(records()[1].sequence, 2u);
+    EXPECT_EQ(records()[2].rest, "5:first,1:a,0:,0,(0|)");
+    EXPECT_EQ(records()[3].rest, "6:second,1:b,0:,0,(0|)");
+    EXPECT_EQ(records()[4].rest, "6:second,1:c,0:,0,(0|)");
+    EXPECT_EQ(records()[4].sequence, 2u);
+    EXPECT_EQ(zantLogDestroyContext(&second), 0u);
+}
+
+TEST_F(ContextTest, EveryFamilyCarriesTheToken) {
+    setting("3", "DebugLevel", "1");
+    setting("3", "DiagnosticLevel", "1");
+    OpenLog log;
+    zantLogHandle context = {};
+    ASSERT_EQ(zantLogCreateContext(&log, &context, "job-7", 0, "x"), 0u);
+    EXPECT_EQ(zantLogDebugMsg(&context, 0, 1, "who", "d"), 0u);
+    EXPECT_EQ(zantLogDiagMsg(&context, 0, 1, "who", 0, "d"), 0u);
+    EXPECT_EQ(zantLogAuditMsg(&context, 0, "mary", 0, 4711, "%d", 5), 0u);
+    ASSERT_EQ(records().size(), 4u);
+    for (size_t i = 1; i < 4; ++i) {
+        EXPECT_EQ(records()[i].rest.substr(0, 8), "5:job-7,") << records()[i].type;
+    }
+    EXPECT_EQ(zantLogDestroyContext(&context), 0u);
+}
+
+TEST_F(ContextTest, NextFileBeginsWithTheRecordsOfTheContextsThatLive) {
+    setting("3", "RolloverMode", "FileSize");
+    setting("3", "MaxLogFileSizeKB", "1");
+    OpenLog log;
+    zantLogHandle gone = {};
+    zantLogHandle first = {};
+    zantLogHandle second = {};
+    ASSERT_EQ(zantLogCreateContext(&log, &gone, "gone", 0, "x"), 0u);
+    ASSERT_EQ(zantLogCreateContext(&log, &first, "first", 4711, "%d", 5), 0u);
+    ASSERT_EQ(zantLogCreateContext(&log, &second, "second", 0, "y"), 0u);
+    EXPECT_EQ(zantLogDestroyContext(&gone), 0u);
+    ASSERT_EQ(logText(&log, std::string(1100, 'l').c_str()), 0u); // rolls over by its own length
+    ASSERT_EQ(logNames().size(), 2u);
+    const std::vector<RecordLine> all = records();
+    ASSERT_EQ(all.size(), 6u);
+    EXPECT_EQ(all[3].rest.rfind("0:,1:y,6:second,(", 0), 0u) << all[3].rest;
+    EXPECT_EQ(all[3].sequence, 3u);
+    EXPECT_EQ(all[4].rest, "0:,0:,5:first,(1|i32:5|)");
+    EXPECT_EQ(all[4].sequence, 2u);
+    EXPECT_EQ(all[5].type, 2u);
+    EXPECT_EQ(zantLogDestroyContext(&second), 0u);
+    EXPECT_EQ(zantLogDestroyContext(&first), 0u);
+}
+
 TEST_F(ContextTest, DestroyedContextIsEmptyAndDetached) {
     OpenLog log;
     zantLogHandle context = {};

@@ -58,8 +58,8 @@ TEST_F(FileSecurityTest, WithoutOneOrWithOneThatDoesNotParseItIsTheSystemsDefaul
     writeFileBytes(plain, "x");
     const std::string folderOfAll = logFolder() + "\\folder";
     ASSERT_TRUE(makeFolder(folderOfAll));
-    for (const char *text : {"", "D:(A;;GA;;;WD", "everyone", "(A;;GA;;;WD)", "WD"}) {
-        if (*text != '\0') {
+    for (const char *text : {"none", "", "D:(A;;GA;;;WD", "everyone", "(A;;GA;;;WD)", "WD"}) {
+        if (std::string(text) != "none") {
             setting("3", "LogFileSDDL", text);
         }
         {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <list>
 #include <map>
+#include <random>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -38,6 +39,24 @@ std::vector<std::string> split(const std::string &text, char delimiter) {
     return pieces;
 }
 
+constexpr int32_t kAnd = 281;
+constexpr int32_t kOr = 282;
+
+// A comparison as the model makes it.
+struct Comparison {
+    int32_t op;
+    bool (*holds)(int64_t left, int64_t right);
+};
+
+constexpr Comparison kComparisons[] = {
+    {283, [](int64_t left, int64_t right) { return left < right; }},
+    {284, [](int64_t left, int64_t right) { return left > right; }},
+    {285, [](int64_t left, int64_t right) { return left <= right; }},
+    {286, [](int64_t left, int64_t right) { return left >= right; }},
+    {287, [](int64_t left, int64_t right) { return left == right; }},
+    {288, [](int64_t left, int64_t right) { return left != right; }},
+};
+
 struct Predicate {
     QueryNode *node;
     std::function<bool(const File &)> file;   // at file level
@@ -70,7 +89,29 @@ protected:
                     node(257, 0, value, nullptr, nullptr));
     }
 
+    // One for each field that a file answers, with every operator.
     std::vector<Predicate> predicates();
+    void addNumbers(std::vector<Predicate> *all);
+    void addTimes(std::vector<Predicate> *all);
+    void addTexts(std::vector<Predicate> *all);
+
+    Predicate tie(int32_t op, const Predicate &one, const Predicate &other) {
+        const auto join = [op](const std::function<bool(const File &)> &left,
+                               const std::function<bool(const File &)> &right) {
+            return [op, left, right](const File &file) {
+                return op == kAnd ? left(file) && right(file) : left(file) || right(file);
+            };
+        };
+        return {node(op, 0, nullptr, one.node, other.node), join(one.file, other.file),
+                join(one.header, other.header)};
+    }
+    void expectBothLevels(const Predicate &predicate) {
+        EXPECT_EQ(selected(predicate.node, nullptr), expected(predicate.file)) << "file level";
+        EXPECT_EQ(selected(nullptr, predicate.node), expected(predicate.header)) << "header level";
+        EXPECT_EQ(selected(predicate.node, predicate.node),
+                  expected([&](const File &file) { return predicate.file(file) && predicate.header(file); }))
+            << "both levels";
+    }
 
     // Names by a selection with one query and fetches with another.
     std::multiset<std::string> selected(QueryNode *fileQuery, QueryNode *headerQuery) {
@@ -112,13 +153,14 @@ private:
             const std::string path = store_.file(product + ".conf");
             location += product + ".Configuration=" + path + "\r\n";
             const std::string directory = ".LogDirectory=" + logs_.path() + "\\\r\n";
-            writeFileBytes(path, "Default" + directory +
-                                     "Default.RolloverMode=FileSize\r\nDefault.MaxLogFileSizeKB=1\r\n"
-                                     "3.RolloverMode=None\r\n4.RolloverMode=FileSize\r\n"
-                                     "LOGSET.Default" +
-                                     directory +
-                                     "LOGSET.audit.RolloverMode=None\r\nLOGSET.audit.FileName=auditfile\r\n"
-                                     "LOGSET.trail.RolloverMode=Periodic\r\n");
+            writeFileBytes(path,
+                           "Default" + directory +
+                               "Default.RolloverMode=FileSize\r\nDefault.MaxLogFileSizeKB=1\r\n"
+                               "3.RolloverMode=None\r\n4.RolloverMode=FileSize | LocalTime\r\n"
+                               "LOGSET.Default" +
+                               directory +
+                               "LOGSET.audit.RolloverMode=LocalTime\r\nLOGSET.audit.FileName=auditfile\r\n"
+                               "LOGSET.trail.RolloverMode=Periodic\r\n");
         }
         writeFileBytes(GetZantLogCfgLoc(), location);
     }
@@ -146,9 +188,10 @@ private:
         }
     }
 
-    // Each file gets a time of its own; the model is read from its name and first line.
+    // Each file gets a time of its own, long before those in names and headers, which are of now; the model
+    // is read from its name and first line.
     void readFiles() {
-        int64_t time = 1763300000;
+        int64_t time = oldest_;
         for (const std::string &name : fileNames(logs_.path())) {
             const std::string path = logs_.path() + "\\" + name;
             setFileTimes(path, time);
@@ -174,9 +217,11 @@ private:
         ASSERT_EQ(count_, 12u);
     }
 
+    const int64_t oldest_ = secondsNow() - 20 * int64_t{86400};
     ScopedFolder store_;
     ScopedFolder logs_;
     std::list<QueryNode> nodes_;
+    std::list<std::string> texts_; // of literals
     zantLogCfg *array_[64] = {};
     uint32_t count_ = 0;
 };
@@ -184,82 +229,91 @@ private:
 constexpr auto kAny = [](const File &) { return true; };
 constexpr auto kNone = [](const File &) { return false; };
 
-std::vector<Predicate> SelectionRoundTrip::predicates() {
-    std::vector<Predicate> all;
-    const auto add = [&all](QueryNode *root, const std::function<bool(const File &)> &file,
-                            const std::function<bool(const File &)> &header) {
-        all.push_back({root, file, header});
-    };
-    for (const uint32_t product : {12u, 13u, 14u}) {
-        const auto is = [product](const File &file) { return file.product == product; };
-        add(number(287, 263, product), is, is);
-        const auto above = [product](const File &file) { return file.product > product; };
-        add(number(284, 263, product), above, above);
+void SelectionRoundTrip::addNumbers(std::vector<Predicate> *all) {
+    for (const Comparison &comparison : kComparisons) {
+        const auto holds = comparison.holds;
+        for (const uint32_t product : {12u, 14u}) {
+            const auto ofProduct = [=](const File &file) { return holds(file.product, product); };
+            all->push_back({number(comparison.op, 263, product), ofProduct, ofProduct});
+        }
+        for (const uint32_t originator : {0u, 4u}) {
+            const auto ofOriginator = [=](const File &file) { return holds(file.originator, originator); };
+            all->push_back({number(comparison.op, 265, originator), ofOriginator, kNone});
+            all->push_back({number(comparison.op, 264, originator), kAny, ofOriginator});
+        }
     }
-    for (const uint32_t originator : {0u, 3u, 4u, 112u}) {
-        add(
-            number(287, 265, originator),
-            [originator](const File &file) { return file.originator == originator; }, kNone);
-        add(number(287, 264, originator), kAny,
-            [originator](const File &file) { return file.originator == originator; });
+    all->push_back({number(287, 270, 5), kAny, kNone});
+    all->push_back({number(287, 276, 5), kNone, kNone});
+}
+
+void SelectionRoundTrip::addTimes(std::vector<Predicate> *all) {
+    // The moments are of the listings, so that names and headers need not be known to the second.
+    const int64_t now = secondsNow();
+    for (const Comparison &comparison : kComparisons) {
+        const auto holds = comparison.holds;
+        for (const int64_t moment : {oldest_ + 4, oldest_ + 11}) {
+            const auto value = static_cast<uint32_t>(moment);
+            const auto ofListing = [=](const File &file) { return holds(file.time, moment); };
+            const auto ofNow = [=](const File &) { return holds(now, moment); };
+            const auto ofCreation = [=](const File &file) {
+                return file.logSet.empty() ? ofListing(file) : ofNow(file);
+            };
+            all->push_back({number(comparison.op, 268, value),
+                            [=](const File &file) { return ofCreation(file) || ofListing(file); },
+                            [=](const File &file) { return ofNow(file) || ofListing(file); }});
+            all->push_back({number(comparison.op, 269, value), ofCreation, ofNow});
+        }
     }
-    static const std::string kHost = files_.begin()->second.host;
-    for (const char *host : {kHost.c_str(), "elsewhere"}) {
-        add(
-            text(287, 278, host), [host](const File &file) { return file.host == host; }, kNone);
-        add(
-            text(288, 278, host), [host](const File &file) { return file.host != host; }, kNone);
+}
+
+void SelectionRoundTrip::addTexts(std::vector<Predicate> *all) {
+    for (const std::string &host : {files_.begin()->second.host, std::string("elsewhere")}) {
+        texts_.push_back(host);
+        const char *literal = texts_.back().c_str();
+        all->push_back(
+            {text(287, 278, literal), [host](const File &file) { return file.host == host; }, kNone});
+        all->push_back(
+            {text(288, 278, literal), [host](const File &file) { return file.host != host; }, kNone});
     }
     for (const char *name : {"audit", "auditfile", "trail", "Default"}) {
-        add(
-            text(287, 279, name), [name](const File &file) { return file.logSetFile == name; },
-            [name](const File &file) { return file.logSet == name; });
-        add(
-            text(288, 279, name),
-            [name](const File &file) { return !file.logSet.empty() && file.logSetFile != name; },
-            [name](const File &file) { return !file.logSet.empty() && file.logSet != name; });
+        all->push_back({text(287, 279, name), [name](const File &file) { return file.logSetFile == name; },
+                        [name](const File &file) { return file.logSet == name; }});
+        all->push_back({text(288, 279, name),
+                        [name](const File &file) { return !file.logSet.empty() && file.logSetFile != name; },
+                        [name](const File &file) { return !file.logSet.empty() && file.logSet != name; }});
+        all->push_back({text(285, 279, name), kNone, kNone});
     }
-    // The listing's times lie a day and more before or behind those in names and headers.
-    for (const int64_t moment : {int64_t{1763300000}, int64_t{1763300004}, int64_t{1763300011}}) {
-        const auto value = static_cast<uint32_t>(moment);
-        add(
-            number(287, 268, value), [moment](const File &file) { return file.time == moment; },
-            [moment](const File &file) { return file.time == moment; });
-        add(
-            number(287, 269, value),
-            [moment](const File &file) { return file.originator != 0 && file.time == moment; }, kNone);
-    }
-    add(number(287, 270, 5), kAny, kNone);
-    add(number(287, 276, 5), kNone, kNone);
+}
+
+std::vector<Predicate> SelectionRoundTrip::predicates() {
+    std::vector<Predicate> all;
+    addNumbers(&all);
+    addTimes(&all);
+    addTexts(&all);
     return all;
 }
 
-TEST_F(SelectionRoundTrip, EveryFieldAtBothLevels) {
+TEST_F(SelectionRoundTrip, EveryFieldAndOperatorAtBothLevels) {
     for (const Predicate &predicate : predicates()) {
-        EXPECT_EQ(selected(predicate.node, nullptr), expected(predicate.file))
-            << predicate.node->left->value << " file level";
-        EXPECT_EQ(selected(nullptr, predicate.node), expected(predicate.header))
-            << predicate.node->left->value << " header level";
-        EXPECT_EQ(selected(predicate.node, predicate.node),
-                  expected([&](const File &file) { return predicate.file(file) && predicate.header(file); }));
+        SCOPED_TRACE(std::to_string(predicate.node->left->value) + " with " +
+                     std::to_string(predicate.node->type));
+        expectBothLevels(predicate);
     }
 }
 
-TEST_F(SelectionRoundTrip, EveryPairOfFieldsTiedByAndAndOr) {
+TEST_F(SelectionRoundTrip, TreesOfSeveralFields) {
     const std::vector<Predicate> all = predicates();
-    for (size_t i = 0; i < all.size(); ++i) {
-        const Predicate &one = all[i];
-        const Predicate &other = all[(i * 7 + 3) % all.size()];
-        QueryNode *both = node(281, 0, nullptr, one.node, other.node);
-        EXPECT_EQ(selected(both, nullptr),
-                  expected([&](const File &file) { return one.file(file) && other.file(file); }));
-        EXPECT_EQ(selected(nullptr, both),
-                  expected([&](const File &file) { return one.header(file) && other.header(file); }));
-        QueryNode *either = node(282, 0, nullptr, one.node, other.node);
-        EXPECT_EQ(selected(either, nullptr),
-                  expected([&](const File &file) { return one.file(file) || other.file(file); }));
-        EXPECT_EQ(selected(nullptr, either),
-                  expected([&](const File &file) { return one.header(file) || other.header(file); }));
+    std::mt19937 random(20261121);
+    const auto any = [&] { return all[random() % all.size()]; };
+    for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
+        Predicate tree = any();
+        for (size_t operators = 1 + random() % 6; operators != 0; --operators) {
+            const int32_t op = random() % 2 == 0 ? kAnd : kOr;
+            tree = random() % 2 == 0 ? tie(op, tree, any())
+                                     : tie(op, tie(op == kAnd ? kOr : kAnd, any(), any()), tree);
+        }
+        expectBothLevels(tree);
     }
 }
 
@@ -273,11 +327,11 @@ TEST_F(SelectionRoundTrip, TimesOfHeadersAndNames) {
     const auto tomorrow = static_cast<uint32_t>(secondsNow() + 2 * 86400);
     QueryNode *later = number(284, 269, yesterday);
     QueryNode *earlier = number(283, 269, tomorrow);
-    EXPECT_EQ(selected(nullptr, node(281, 0, nullptr, later, earlier)), expected(kAny));
+    EXPECT_EQ(selected(nullptr, node(kAnd, 0, nullptr, later, earlier)), expected(kAny));
     EXPECT_TRUE(selected(nullptr, number(284, 269, tomorrow)).empty());
-    const auto isLogSet = [](const File &file) { return !file.logSet.empty(); };
     EXPECT_EQ(selected(number(284, 269, yesterday), nullptr),
-              expected([&](const File &file) { return isLogSet(file) || file.time > yesterday; }));
+              expected([](const File &file) { return !file.logSet.empty(); }))
+        << "only the names of log sets say more than the listing";
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Which readers take the common lock.
+// Which functions of the configuration take the common lock.
 #include "tests/config/test_stores.h"
 #include "zantlog/dispatch.h"
 
@@ -42,6 +42,54 @@ TEST(ConfigLock, ReadersTakeTheCommonLock) {
         [&] {
             HandedOut path;
             GetProductCfgPath(GetZantLogCfgLoc(), kProduct, &path);
+        },
+        kLongEnough));
+}
+
+TEST(ConfigLock, SaversTakeTheCommonLock) {
+    const std::unique_ptr<TestStore> location = makeLocation();
+    const std::unique_ptr<TestStore> store = makeStore(BackEnd::Conf);
+    registerProduct(*location, kProduct, store->path(), "billing");
+    EXPECT_TRUE(waitsForCommonLock([] {
+        Config cfg;
+        EXPECT_EQ(zantLogWriteCfg(kProduct, 112, &cfg), 0U);
+    }));
+    EXPECT_TRUE(waitsForCommonLock([] {
+        Config cfg;
+        EXPECT_EQ(zantLogWritelogSetCfg(kProduct, "set", &cfg), 61U);
+    }));
+}
+
+TEST(ConfigLock, RegistrationsTakeTheCommonLockForWhatTheyChange) {
+    const std::unique_ptr<TestStore> location = makeLocation();
+    EXPECT_TRUE(waitsForCommonLock([] { EXPECT_EQ(zantLogAddProductCfg(kProduct, "a", "C:\\a.conf"), 0U); }));
+    // That it is there already is found out before.
+    EXPECT_FALSE(waitsForCommonLock([] { EXPECT_EQ(zantLogAddProductCfg(kProduct, "a", "C:\\a.conf"), 27U); },
+                                    kLongEnough));
+    EXPECT_TRUE(waitsForCommonLock([] { zantLogRemoveProductCfg(kProduct); }));
+    EXPECT_FALSE(waitsForCommonLock([] { EXPECT_EQ(zantLogRemoveProductCfg(kProduct), 6U); }, kLongEnough));
+}
+
+TEST(ConfigLock, WhatAnEntrySaysIsReadWithoutIt) {
+    const std::unique_ptr<TestStore> location = makeLocation();
+    const std::unique_ptr<TestStore> store = makeStore(BackEnd::Conf);
+    EXPECT_FALSE(waitsForCommonLock(
+        [] {
+            uint32_t on = 0;
+            EXPECT_EQ(GetProductLoggingLevel(GetZantLogCfgLoc(), kProduct, &on), 6U);
+        },
+        kLongEnough));
+    EXPECT_FALSE(waitsForCommonLock(
+        [] {
+            HandedOut directory;
+            EXPECT_EQ(zantLogCfgGetToolsResDir(&directory), 6U);
+        },
+        kLongEnough));
+    EXPECT_FALSE(waitsForCommonLock(
+        [&store] {
+            PropertyStore section{};
+            EXPECT_EQ(CreatePropertyString(store->path().c_str(), "3", &section), 0U);
+            EXPECT_EQ(utiClosePropertyStore(&section), 0U);
         },
         kLongEnough));
 }

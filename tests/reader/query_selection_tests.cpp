@@ -35,6 +35,10 @@ TEST_F(QuerySelection, LogSetFilesHaveOriginatorZero) {
     Selection zero(query.is(265, 0));
     EXPECT_EQ(select({logSet(12, "audit")}, &zero), 0u);
     EXPECT_THAT(zero.names(), ElementsAre(set));
+    zantLogCfg *cfg = logSet(12, "audit");
+    cfg->originatorId = 3;
+    Selection records(query.is(265, 3));
+    EXPECT_EQ(select({cfg}, &records), kNoLogFile) << "whatever the record says";
     Selection product(query.is(263, 12));
     EXPECT_EQ(select({logSet(12, "audit")}, &product), 0u);
     Selection other(query.is(263, 13));

@@ -38,6 +38,8 @@ protected:
     static std::string text(uint32_t sequence, size_t length = 0);
     // What became of it.
     void end(uint32_t result);
+    // The same, of one that has gone to the console too: what that answers may hide that it is in the file.
+    void endOfPrinted(uint32_t result);
     // An application message, whole.
     void log(size_t length = 0);
 
@@ -47,14 +49,15 @@ protected:
     zantLogHandle handle_{};
 
 private:
+    [[nodiscard]] bool inDoubt(uint32_t sequence) const;
     void expectWholeFile(const std::string &name, const std::string &bytes) const;
     void expectAcknowledged() const;
 
     std::map<std::string, std::string> settings_;
     std::vector<uint32_t> acknowledged_;
     uint32_t lastSequence_ = 0;
-    uint32_t underWay_ = 0; // 0: none
-    uint32_t diedIn_ = 0;   // the one that was under way when the process died
+    uint32_t underWay_ = 0;          // 0: none
+    std::vector<uint32_t> doubtful_; // whether they are in the files, only the disk knows
     bool open_ = false;
 };
 

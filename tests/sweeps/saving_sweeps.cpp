@@ -18,7 +18,6 @@ public:
         setting("LogFileSDDL", "D:");
     }
 
-private:
     void act() override {
         zantLogCfg cfg{};
         cfg.debugLevel = 5;
@@ -50,7 +49,35 @@ private:
         ProductScenario::check();
     }
 
+private:
     uint32_t result_ = 1;
+};
+
+// The same with the product's settings in the registry, and its registration in a file as before.
+class RecordSavedInRegistry : public RecordSaved {
+    static constexpr const char *kPath = "SOFTWARE\\sweep-product";
+
+    void prepare() override {
+        RecordSaved::prepare();
+        sim::putFile(GetZantLogCfgLoc(), std::string("12.Configuration=") + kPath + "\r\n12.Names=sweep\r\n");
+        PropertyStore section;
+        EXPECT_EQ(CreatePropertyString(kPath, "Default", &section), 0u);
+        EXPECT_EQ(utiSetPropertyAsStr(&section, "LogDirectory", logFolder().c_str()), 0u);
+        EXPECT_EQ(utiSetPropertyAsStr(&section, "LogFileSDDL", "D:"), 0u);
+        const uint32_t two = 2;
+        const uint32_t nine = 9;
+        EXPECT_EQ(utiSetPropertyAsULong(&section, "DebugLevel", &two), 0u);
+        EXPECT_EQ(utiSetPropertyAsULong(&section, "DiagnosticLevel", &two), 0u);
+        EXPECT_EQ(utiSetPropertyAsULong(&section, "NumberOfLogFiles", &nine), 0u);
+        utiClosePropertyStore(&section);
+    }
+    void check() override {
+        RecordSaved::check();
+        PropertyStore parent;
+        EXPECT_EQ(utiOpenPropertyStore("SOFTWARE", "", &parent, ZANTLOG_STORE_WRITE), 0u);
+        EXPECT_EQ(utiRemovePropertyRoot(&parent, "sweep-product"), 0u);
+        utiClosePropertyStore(&parent);
+    }
 };
 
 class ProductRegistered : public ProductScenario {
@@ -79,6 +106,10 @@ class ProductRegistered : public ProductScenario {
 
 TEST(SavingSweep, RecordsOfAProduct) {
     sweep<RecordSaved>();
+}
+
+TEST(SavingSweep, RecordsOfAProductInTheRegistry) {
+    sweep<RecordSavedInRegistry>();
 }
 
 TEST(SavingSweep, Registrations) {

@@ -3,6 +3,8 @@
 
 #include <atomic>
 
+#include "tests/support/files.h"
+
 namespace zantlog::test {
 
 namespace {
@@ -93,6 +95,28 @@ TEST_F(Threads, ShareOneContext) {
     EXPECT_EQ(zantLogDestroyContext(&context), 0u);
     EXPECT_EQ(zantLogClose(&parent), 0u);
     expectEach(kMessages);
+    expectToken("5:token");
+}
+
+// The records of the contexts that live are written again by whoever meets the end of a file, while others
+// make and destroy theirs.
+TEST_F(Threads, MakeContextsWhileFilesRollOver) {
+    configure({"Default.LogDirectory=" + logFolder(), "Default.RolloverMode=FileSize",
+               "Default.MaxLogFileSizeKB=2"});
+    zantLogHandle parent{};
+    ASSERT_EQ(zantLogOpen(12, 3, &parent), 0u);
+    inThreads([&parent](uint32_t thread) {
+        for (uint32_t i = 0; i < 20; ++i) {
+            zantLogHandle context{};
+            ASSERT_EQ(zantLogCreateContext(&parent, &context, "token", 0, "title %d", 5), 0u);
+            log(&context, thread, i);
+            EXPECT_EQ(zantLogDestroyContext(&context), 0u);
+        }
+    });
+    EXPECT_EQ(zantLogClose(&parent), 0u);
+    expectEach(20);
+    EXPECT_GT(fileNames(logFolder()).size(), 3u);
+    expectToken("5:token");
 }
 
 TEST_F(Threads, ChangeLevelsWhileOthersLog) {

@@ -12,14 +12,18 @@ namespace {
 
 constexpr uint32_t kOfOneThread = 1000000;
 
-// The fifth field of a product file's record.
-uint32_t sequenceOf(const std::string &line) {
+// The Nth field of a product file's record, from 1.
+std::string fieldOf(const std::string &line, int number) {
     std::istringstream fields(line);
     std::string field;
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < number; ++i) {
         std::getline(fields, field, ',');
     }
-    return static_cast<uint32_t>(std::stoul(field));
+    return field;
+}
+
+uint32_t sequenceOf(const std::string &line) {
+    return static_cast<uint32_t>(std::stoul(fieldOf(line, 5)));
 }
 
 } // namespace
@@ -82,6 +86,14 @@ void ThreadProduct::expectEach(uint32_t messagesOfEachThread) const {
     }
     for (uint32_t thread = 0; thread < kThreads; ++thread) {
         EXPECT_EQ(next[thread], messagesOfEachThread) << "of thread " << thread;
+    }
+}
+
+void ThreadProduct::expectToken(const std::string &field) const {
+    for (const std::string &name : fileNames(logs_.path())) {
+        for (const std::string &line : linesOf(fileBytes(logs_.file(name)))) {
+            EXPECT_TRUE(line[0] != '2' || fieldOf(line, 9) == field) << name << ": " << line;
+        }
     }
 }
 

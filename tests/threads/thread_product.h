@@ -33,6 +33,9 @@ protected:
     // Every file is one header and whole records; each thread's messages are there once, and in order.
     void expectEach(uint32_t messagesOfEachThread) const;
 
+    // Each message carries this context token, "5:token".
+    void expectToken(const std::string &field) const;
+
     [[nodiscard]] const std::string &logFolder() const { return logs_.path(); }
 
 private:

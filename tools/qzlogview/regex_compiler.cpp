@@ -14,6 +14,17 @@ constexpr int kDeepest = 200;
 constexpr uint32_t kMostRepeats = 1000;
 constexpr std::string_view kSpecial = ".[]()|*+?{}^$\\";
 
+bool isUtf8(std::string_view text) {
+    for (size_t at = 0; at < text.size();) {
+        const size_t bytes = characterAt(text, at).bytes;
+        if (bytes == 0) {
+            return false;
+        }
+        at += bytes;
+    }
+    return true;
+}
+
 } // namespace
 
 // Recursive descent; a part of the program is made of each part of the expression, and copied where it
@@ -27,7 +38,9 @@ public:
             regex_.ignoreCase_ = true;
             at_ = 4;
         }
-        findLiteral();
+        if (findLiteral()) {
+            return std::move(regex_);
+        }
         if (!alternatives(0) || (at_ < expression_.size() && !fail("a \")\" without a \"(\""))) {
             *error = error_;
             return std::nullopt;
@@ -55,12 +68,15 @@ private:
     void emit(const Instruction &instruction) { regex_.program_.push_back(instruction); }
     [[nodiscard]] uint32_t here() const { return static_cast<uint32_t>(regex_.program_.size()); }
 
-    void findLiteral() {
+    // Whether it is nothing but characters: whole ones, so that it is found where characters begin.
+    bool findLiteral() {
         const std::string_view rest = expression_.substr(at_);
-        if (!regex_.ignoreCase_ && rest.find_first_of(kSpecial) == std::string_view::npos) {
-            regex_.isLiteral_ = true;
+        regex_.isLiteral_ =
+            !regex_.ignoreCase_ && rest.find_first_of(kSpecial) == std::string_view::npos && isUtf8(rest);
+        if (regex_.isLiteral_) {
             regex_.literal_ = rest;
         }
+        return regex_.isLiteral_;
     }
 
     // Takes the instructions from a place on away; their jumps are relative to it.
@@ -116,6 +132,9 @@ private:
             const uint32_t begin = here();
             if (!atom(depth) || !repetition(begin)) {
                 return false;
+            }
+            if (here() > kMostInstructions) {
+                return fail("the expression is too large");
             }
         }
         return true;
@@ -237,7 +256,10 @@ private:
         if (atEnd()) {
             return fail("a single backslash at the end");
         }
-        if (peek() >= 'a' && addClass(peek())) {
+        if (constexpr std::string_view kInverted = "DWS"; kInverted.find(peek()) != std::string_view::npos) {
+            return fail("\\D, \\S and \\W have no place in a set: write [^...]");
+        }
+        if (addClass(peek())) {
             ++at_;
             *isClass = true;
             return true;
@@ -267,7 +289,10 @@ private:
                 if (!setItem(&high, &isClass)) {
                     return false;
                 }
-                if (isClass || high < low) {
+                if (isClass) {
+                    return fail("a class cannot be the end of a range");
+                }
+                if (high < low) {
                     return fail("a range that ends before it begins");
                 }
             }
@@ -283,9 +308,9 @@ private:
         const auto number = [&](uint32_t *value) {
             const size_t begin = place;
             *value = 0;
-            while (place < expression_.size() && tools::isDigit(expression_[place]) &&
-                   *value <= kMostRepeats) {
-                *value = *value * 10 + static_cast<uint32_t>(expression_[place++] - '0');
+            for (; place < expression_.size() && tools::isDigit(expression_[place]); ++place) {
+                const uint32_t larger = *value * 10 + static_cast<uint32_t>(expression_[place] - '0');
+                *value = std::min(larger, kMostRepeats + 1);
             }
             return place > begin;
         };

@@ -73,6 +73,21 @@ bool takeDate(std::string_view *rest, std::string_view whole, Civil *civil) {
     return true;
 }
 
+// ".25" of a second, or nothing.
+bool takeFraction(std::string_view *rest, int64_t *milliseconds) {
+    if (!takeLiteral(rest, '.')) {
+        return true;
+    }
+    const size_t before = rest->size();
+    if (!takeDigits(rest, 1, 3, milliseconds)) {
+        return false;
+    }
+    for (size_t digits = before - rest->size(); digits < 3; ++digits) {
+        *milliseconds *= 10;
+    }
+    return true;
+}
+
 // "14:03", "14:03:05", "14:03:05.250".
 bool takeTimeOfDay(std::string_view *rest, std::string_view whole, Civil *civil) {
     int64_t hours = 0;
@@ -81,17 +96,9 @@ bool takeTimeOfDay(std::string_view *rest, std::string_view whole, Civil *civil)
     if (!takeDigits(rest, 1, 2, &hours) || !takeLiteral(rest, ':') || !takeDigits(rest, 2, 2, &minutes)) {
         return false;
     }
-    if (takeLiteral(rest, ':') && !takeDigits(rest, 2, 2, &seconds)) {
+    if (takeLiteral(rest, ':') &&
+        (!takeDigits(rest, 2, 2, &seconds) || !takeFraction(rest, &civil->milliseconds))) {
         return false;
-    }
-    if (takeLiteral(rest, '.')) {
-        const size_t before = rest->size();
-        if (!takeDigits(rest, 1, 3, &civil->milliseconds)) {
-            return false;
-        }
-        for (size_t digits = before - rest->size(); digits < 3; ++digits) {
-            civil->milliseconds *= 10;
-        }
     }
     if (hours > 23 || minutes > 59 || seconds > 59) {
         refuse(whole, "a day has 24 hours, an hour 60 minutes and a minute 60 seconds");
@@ -180,12 +187,15 @@ std::optional<Zone> zoneFromText(std::string_view text) {
     if (!takeDigits(&rest, 1, 2, &hours)) {
         return std::nullopt;
     }
-    (void)takeLiteral(&rest, ':');
-    if ((!rest.empty() && !takeDigits(&rest, 2, 2, &minutes)) || !rest.empty() || hours > 14 ||
-        minutes > 59) {
+    const bool hasMinutes = takeLiteral(&rest, ':') || !rest.empty();
+    if ((hasMinutes && !takeDigits(&rest, 2, 2, &minutes)) || !rest.empty() || minutes > 59) {
         return std::nullopt;
     }
+    constexpr int64_t kFarthest = 14 * kHour;
     const int64_t offset = hours * kHour + minutes * kMinute;
+    if (offset > kFarthest) {
+        return std::nullopt;
+    }
     return Zone{false, west ? -offset : offset};
 }
 
@@ -193,7 +203,7 @@ int64_t timeFromText(std::string_view text, int64_t now, const Zone &zone) {
     if (const auto time = byWord(tools::lowered(text), now, zone)) {
         return *time;
     }
-    Civil civil = today(now, zone);
+    Civil civil;
     std::string_view rest = text;
     const bool hasDate = takeDate(&rest, text, &civil);
     bool understood = hasDate;
@@ -205,6 +215,9 @@ int64_t timeFromText(std::string_view text, int64_t now, const Zone &zone) {
     if (!understood || !own) {
         refuse(text,
                "write 2026-11-20, \"2026-11-20 14:03\", 14:03:05, now, today, yesterday, -90m, -3h or -2d");
+    }
+    if (!hasDate) {
+        civil.days = today(now, *own).days;
     }
     return fromCivil(civil, *own);
 }

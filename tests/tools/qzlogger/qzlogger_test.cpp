@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/api/localizer_library.h"
 #include "tests/api/product_fixture.h"
 #include "tests/support/log_folder.h"
 #include "tests/tools/support/run_tool.h"
@@ -101,10 +102,19 @@ TEST_F(LoggerTest, AuditMessage) {
 }
 
 TEST_F(LoggerTest, SecureAuditMessagesGoToTheEventLogAlone) {
-    setting("Default", "NtEventLogSource", "Application");
+    setting("Default", "NtEventLogSourceName", "Application");
     const ToolRun run = log({"--secure-audit", "--message-id", "4711", "--subject", "mary", "login"});
     EXPECT_TRUE(logNames().empty());
     EXPECT_EQ(run.exitCode, 0) << run.error;
+}
+
+TEST_F(LoggerTest, ApplicationMessagesAreEvents) {
+    const OfferedLocalizer offered;
+    setting("Default", "NtEventLogSourceName", "Application");
+    setting("Default", "NtEventLogCategory", "7");
+    expectLogged({"--app", "--event-log", "--severity", "1", "disk C: is full"});
+    expectLogged({"--app", "--event-log", "--severity", "2", "--message-id", "4711", "C:\xE2\x82\xAC"});
+    EXPECT_EQ(records().size(), 2u);
 }
 
 TEST_F(LoggerTest, MessageIdMakesTheTextAnArgument) {
@@ -248,7 +258,7 @@ TEST_F(LoggerTest, MessagesAboveTheLevelAreNotedAndNotWritten) {
 
 TEST_F(LoggerTest, SinkFlagsAreTakenWhereTheyApply) {
     setting("Default", "DiagnosticLevel", "6");
-    setting("Default", "NtEventLogSource", "Application");
+    setting("Default", "NtEventLogSourceName", "Application");
     EXPECT_EQ(log({"--app", "--stdout", "--stderr", "--event-log", "x"}).exitCode, 0);
     EXPECT_EQ(log({"--diag", "--stdout", "--stderr", "x"}).exitCode, 0);
     EXPECT_EQ(records().size(), 2u);

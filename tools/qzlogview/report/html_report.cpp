@@ -1,5 +1,6 @@
 #include "tools/qzlogview/report/html_report.h"
 
+#include <algorithm>
 #include <span>
 #include <utility>
 

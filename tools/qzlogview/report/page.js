@@ -29,8 +29,8 @@ function update(changes) {
 function showCounts() {
   const [all, some] = [number(data.count), number(shown.length)];
   const range = state.from === null ? ''
-    : ` from ${timeText(state.from, zone())} to ${timeText(state.to, zone())}`;
-  byId('count').textContent = `${some === all ? all : `${some} of ${all}`} records${range}`;
+    : ` from ${shortTimeText(state.from, zone())} to ${shortTimeText(state.to, zone())}`;
+  byId('count').textContent = `${some === all ? all : `${some} of ${all}`} ${data.count === 1 ? 'record' : 'records'}${range}`;
   byId('empty').textContent = data.count === 0 ? 'No record was selected.' : 'No record matches the filters.';
   byId('empty').hidden = shown.length > 0;
   byId('clear').disabled = !hasFilter(state);

@@ -63,6 +63,7 @@ class Chart {
     this.zone = zone;
     this.range = [state.from, state.to];
     this.counts = this.bins && countBins(this.data, marks, this.bins, this.stacking);
+    this.tip.hidden = true;
     this.showLegend();
     this.draw();
   }
@@ -167,7 +168,7 @@ class Chart {
       if (time < this.bins.start) continue;
       const x = this.x(time);
       const date = dateText(time, this.zone);
-      const text = step >= kDay || date !== lastDate ? date : timeOfDay(time, this.zone, step);
+      const text = this.tickText(time, step, date !== lastDate);
       lastDate = date;
       this.bars.append(svg('path', { d: `M${x} ${this.height - kMargin.bottom}v5` }, 'rule'));
       if (x > this.width - 45) continue;
@@ -175,6 +176,15 @@ class Chart {
       label.textContent = text;
       this.bars.append(label);
     }
+  }
+
+  // The date is said where it begins.
+  tickText(time, step, isNewDate) {
+    const date = dateText(time, this.zone);
+    if (step >= kDay) return date;
+    const clock = timeOfDay(time, this.zone, step);
+    if (!isNewDate) return clock;
+    return clock.startsWith('00:00') ? date : `${date.slice(-5)} ${clock}`;
   }
 
   drawRange() {

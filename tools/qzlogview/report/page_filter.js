@@ -66,15 +66,25 @@ class Filter {
     return tests;
   }
 
+  // 1 for each record that every filter but the time range lets through. Kept while the range is dragged.
+  matches(state) {
+    const key = JSON.stringify([state.text, state.who, state.originator, [...state.types], [...state.grades]]);
+    if (key !== this.matchesKey) {
+      const tests = this.tests(state);
+      this.lastMatches = Uint8Array.from({ length: this.data.count }, (_, row) => (tests.every((test) => test(row)) ? 1 : 0));
+      this.matchesKey = key;
+    }
+    return this.lastMatches;
+  }
+
   // Marks each record: 0 not wanted, 1 wanted but outside the time range, 2 shown.
   marks(state) {
     const { time } = this.data.columns;
-    const marks = new Uint8Array(this.data.count);
-    const tests = this.tests(state);
+    const marks = this.matches(state).slice();
     const from = state.from ?? -Infinity;
     const to = state.to ?? Infinity;
     for (let row = 0; row < marks.length; ++row) {
-      if (tests.every((test) => test(row))) marks[row] = time[row] >= from && time[row] < to ? 2 : 1;
+      if (marks[row] === 1 && time[row] >= from && time[row] < to) marks[row] = 2;
     }
     return marks;
   }

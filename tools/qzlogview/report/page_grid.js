@@ -8,7 +8,7 @@ const kTallest = 12_000_000; // pixels; browsers place nothing much further down
 const kSpareRows = 4;
 
 class Grid {
-  // on: { sort(column), choose(row, isOpened), }
+  // on: { sort(column), choose(row, isOpened) }
   constructor(data, on) {
     this.data = data;
     this.on = on;
@@ -18,6 +18,7 @@ class Grid {
     this.grid = document.getElementById('grid');
     this.viewport = document.getElementById('viewport');
     this.canvas = document.getElementById('canvas');
+    this.head = document.getElementById('grid-head');
     this.makeHead();
     this.grid.setAttribute('aria-colcount', kGridColumns.length);
     this.viewport.addEventListener('scroll', () => this.drawSoon(), { passive: true });
@@ -42,7 +43,7 @@ class Grid {
       row.append(cell);
       return cell;
     });
-    document.getElementById('grid-head').append(row);
+    this.head.append(row);
   }
 
   show(rows, state, zone) {
@@ -63,6 +64,8 @@ class Grid {
   resized() {
     this.rowHeight = parseFloat(getComputedStyle(this.grid).getPropertyValue('--row-height'));
     this.inSight = Math.max(Math.floor(this.viewport.clientHeight / this.rowHeight), 1);
+    // The scroll bar takes its room from the rows, not from their heading.
+    this.head.style.paddingRight = `${this.viewport.offsetWidth - this.viewport.clientWidth}px`;
     this.canvas.style.height = `${Math.min(this.rows.length * this.rowHeight, kTallest)}px`;
     this.draw();
   }

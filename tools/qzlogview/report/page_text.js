@@ -6,11 +6,15 @@ const kShownInRow = 400; // characters
 const kMarked = /[\u0000-\u001f\u007f-\u009f\u00ad\u061c\u200b\u200e\u200f\u2028-\u202e\u2060-\u206f\ufeff\ufff9-\ufffb]|[\u{e0000}-\u{e007f}]/u;
 const kMarkedRuns = new RegExp(`(?:${kMarked.source})+`, 'gu');
 
+// By name: fonts rarely have the pictures that Unicode has for them.
+const kControlNames = ('NUL SOH STX ETX EOT ENQ ACK BEL BS TAB LF VT FF CR SO SI DLE DC1 DC2 DC3 DC4 NAK SYN ETB '
+  + 'CAN EM SUB ESC FS GS RS US').split(' ');
+
 function signOf(character) {
+  if (character === '\n') return '\u21b5';
   const code = character.codePointAt(0);
-  if (code < 0x20) return String.fromCodePoint(0x2400 + code);
-  if (code === 0x7f) return '\u2421';
-  return `\u27e8${code.toString(16).toUpperCase().padStart(4, '0')}\u27e9`;
+  const name = kControlNames[code] ?? code.toString(16).toUpperCase().padStart(4, '0');
+  return `\u27e8${name}\u27e9`;
 }
 
 function signsOf(run, keepLines) {
@@ -76,6 +80,11 @@ function timeText(time, zone) {
   const text = localTime(time, zone);
   if (text === null) return `${time} ms`;
   return text.slice(0, -1).replace('T', ' ');
+}
+
+// Without the parts that are zero at its end.
+function shortTimeText(time, zone) {
+  return timeText(time, zone).replace(/(:00)?\.000$/, '');
 }
 
 function dateText(time, zone) {
