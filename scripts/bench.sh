@@ -15,7 +15,7 @@ cd "$root"
 cmake --preset windows-release >/dev/null
 cmake --build --preset windows-release --target append_bench serialize_bench allocation_bench read_bench parse_bench query_bench selection_bench reload_bench
 cmake --preset native-release >/dev/null
-cmake --build --preset native-release --target serialize_bench read_bench parse_bench query_bench selection_bench
+cmake --build --preset native-release --target serialize_bench read_bench parse_bench query_bench selection_bench view_bench
 
 title() { printf '\n== %s\n' "$*"; }
 
@@ -40,6 +40,9 @@ title "queries, natively"
 "$native/bin/query_bench"
 title "queries, under Wine"
 scripts/wine-run "$build/bin/query_bench.exe"
+
+title "showing many files, natively"
+"$native/bin/view_bench"
 
 title "levels that follow the store, under Wine"
 scripts/wine-run "$build/bin/reload_bench.exe"

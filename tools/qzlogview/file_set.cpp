@@ -43,9 +43,16 @@ struct Selected : LogFindContext {
     Selected &operator=(const Selected &) = delete;
 };
 
+fs::path pathOf(const std::string &name) {
+    return fs::path(std::u8string(name.begin(), name.end()));
+}
+
+// None where the directory has gone.
 std::vector<std::string> logsIn(const fs::path &directory) {
     std::vector<std::string> paths;
-    for (const fs::directory_entry &entry : fs::directory_iterator(directory)) {
+    std::error_code error;
+    for (fs::directory_iterator at(directory, error), end; !error && at != end; at.increment(error)) {
+        const fs::directory_entry &entry = *at;
         const std::u8string path = entry.path().u8string();
         if (entry.path().extension() == ".log") {
             paths.emplace_back(path.begin(), path.end());
@@ -172,21 +179,36 @@ std::vector<std::string> selectedFiles(Configurations *configurations, QueryNode
     return paths;
 }
 
-std::vector<std::string> namedFiles(const std::vector<std::string> &names) {
+std::vector<std::string> filesThere(const std::vector<std::string> &names) {
     std::vector<std::string> paths;
-    for (const std::string &name : names) {
-        const fs::path path(std::u8string(name.begin(), name.end()));
+    std::set<fs::path> known; // a file may be named, and be in a directory that is named too
+    const auto add = [&](const std::string &path) {
         std::error_code error;
-        if (fs::is_directory(path, error)) {
-            const std::vector<std::string> logs = logsIn(path);
-            paths.insert(paths.end(), logs.begin(), logs.end());
-        } else if (fs::exists(path, error)) {
-            paths.push_back(name);
-        } else {
-            throw tools::ToolError(tools::kExitNotAccessible, "there is no file or directory " + name);
+        const fs::path whole = fs::absolute(pathOf(path), error).lexically_normal();
+        if (known.insert(error ? pathOf(path) : whole).second) {
+            paths.push_back(path);
+        }
+    };
+    for (const std::string &name : names) {
+        std::error_code error;
+        if (fs::is_directory(pathOf(name), error)) {
+            const std::vector<std::string> logs = logsIn(pathOf(name));
+            std::for_each(logs.begin(), logs.end(), add);
+        } else if (fs::exists(pathOf(name), error)) {
+            add(name);
         }
     }
     return paths;
+}
+
+std::vector<std::string> namedFiles(const std::vector<std::string> &names) {
+    for (const std::string &name : names) {
+        std::error_code error;
+        if (!fs::exists(pathOf(name), error)) {
+            throw tools::ToolError(tools::kExitNotAccessible, "there is no file or directory " + name);
+        }
+    }
+    return filesThere(names);
 }
 
 std::vector<Source> readSources(const std::vector<std::string> &paths, const DamageSink &damage) {

@@ -26,9 +26,11 @@ public:
     [[nodiscard]] std::string productName(uint32_t product) const;
     [[nodiscard]] std::string originatorName(uint32_t product, uint32_t originator) const;
 
+    // Finds originators that have no section and have log files meanwhile.
+    void addOriginatorsWithoutSection();
+
 private:
     void load();
-    void addOriginatorsWithoutSection();
     void addConfiguration(uint32_t product, uint32_t originator);
 
     std::vector<zantLogCfg *> records_;
@@ -40,6 +42,9 @@ std::vector<std::string> selectedFiles(Configurations *configurations, QueryNode
 
 // Paths of named files, and of the *.log files of named directories. An error names what is not there.
 std::vector<std::string> namedFiles(const std::vector<std::string> &names);
+
+// The same, without those that are not there (any more).
+std::vector<std::string> filesThere(const std::vector<std::string> &names);
 
 // Opens each file for its header. Those that cannot be read are reported and left out.
 std::vector<Source> readSources(const std::vector<std::string> &paths, const DamageSink &damage);

@@ -9,6 +9,7 @@
 
 #include "tools/common/terminal.h"
 #include "tools/common/tool_error.h"
+#include "tools/qzlogview/context_titles.h"
 #include "tools/qzlogview/count.h"
 #include "tools/qzlogview/file_query.h"
 #include "tools/qzlogview/follow.h"
@@ -25,6 +26,8 @@ namespace {
 
 constexpr size_t kBarWidth = 40;
 constexpr uint64_t kFollowTail = 10;
+
+using Clock = std::chrono::steady_clock;
 
 int64_t nowMilliseconds() {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
@@ -83,6 +86,15 @@ private:
         return selected;
     }
 
+    // For another look: what there is by now, and what has gone does not matter.
+    std::vector<std::string> pathsNow() {
+        if (!options_.files.empty()) {
+            return filesThere(options_.files);
+        }
+        configurations_.addOriginatorsWithoutSection();
+        return paths();
+    }
+
     std::vector<Source> sources() { return readSources(paths(), damage_); }
 
     void print(const Entry &entry) {
@@ -101,8 +113,17 @@ private:
         mergeFiles(all, filter_, damage_, options, take);
     }
 
-    void showMerged() {
-        merge(sources(), [this](const Entry &entry) {
+    // Before the messages, and where people read them.
+    void showTitles(const std::vector<Source> &all) {
+        const bool forPeople =
+            options_.format == OutputFormat::compact || options_.format == OutputFormat::longForm;
+        if (forPeople && !options_.selection.inverted) {
+            appendContextTitles(contextTitles(all, options_.selection.contexts), &output_.text());
+        }
+    }
+
+    void showMerged(const std::vector<Source> &all) {
+        merge(all, [this](const Entry &entry) {
             print(entry);
             return output_.writeWhenFull() && (!options_.head || found_ < *options_.head);
         });
@@ -121,12 +142,11 @@ private:
     }
 
     // The latest first: of all, or of as many as are wanted.
-    void showLatest() {
+    void showLatest(const std::vector<Source> &all) {
         constexpr uint64_t kAll = UINT64_MAX / 2;
         const uint64_t count = options_.tail                       ? *options_.tail
                                : options_.head && options_.reverse ? *options_.head
                                                                    : kAll;
-        const std::vector<Source> all = sources();
         std::vector<uint64_t> ends;
         printAll(lastRecords(all, count, filter_, damage_, &ends));
     }
@@ -136,7 +156,9 @@ private:
         if (options_.head && *options_.head == 0) {
             return;
         }
-        options_.tail || options_.reverse ? showLatest() : showMerged();
+        const std::vector<Source> all = sources(); // the records refer to them
+        showTitles(all);
+        options_.tail || options_.reverse ? showLatest(all) : showMerged(all);
         (void)output_.flush();
     }
 
@@ -144,15 +166,22 @@ private:
         const std::vector<Source> all = sources();
         std::vector<uint64_t> ends;
         printer_->begin(&output_.text());
+        showTitles(all);
         printAll(lastRecords(all, options_.tail.value_or(kFollowTail), filter_, damage_, &ends));
         Follower follower(filter_, damage_);
         for (size_t i = 0; i < all.size(); ++i) {
             follower.add(all[i], ends[i]);
         }
         constexpr auto kPause = std::chrono::milliseconds(80);
+        auto nextListing = Clock::now();
         while (output_.flush()) {
             std::this_thread::sleep_for(kPause);
-            follower.update(paths());
+            if (const auto begun = Clock::now(); begun >= nextListing) {
+                follower.update(pathsNow());
+                // A listing of very many files does not take all of the time.
+                constexpr int kShare = 4;
+                nextListing = Clock::now() + kShare * (Clock::now() - begun);
+            }
             printAll(follower.poll());
         }
     }

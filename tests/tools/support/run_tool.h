@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/test_folder.h"
+
 namespace zantlog::test {
 
 struct ToolRun {
@@ -16,5 +18,24 @@ struct ToolRun {
 // holds.
 ToolRun runTool(const std::string &name, const std::vector<std::string> &arguments,
                 const std::string &input = "");
+
+// A program that goes on until it is stopped; its standard output goes to a file meanwhile.
+class RunningTool {
+public:
+    RunningTool(const std::string &name, const std::vector<std::string> &arguments);
+    ~RunningTool();
+    RunningTool(const RunningTool &) = delete;
+    RunningTool &operator=(const RunningTool &) = delete;
+
+    [[nodiscard]] bool runs() const;
+    // What it has written so far, with LF line ends.
+    [[nodiscard]] std::string output() const;
+    // Waits until the output holds the text; false when that takes longer.
+    [[nodiscard]] bool waitForOutput(const std::string &text, int milliseconds) const;
+
+private:
+    ScopedFolder folder_;
+    void *process_ = nullptr;
+};
 
 } // namespace zantlog::test

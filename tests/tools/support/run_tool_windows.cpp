@@ -67,12 +67,10 @@ std::string textOf(const std::string &path) {
     return text;
 }
 
-} // namespace
-
-ToolRun runTool(const std::string &name, const std::vector<std::string> &arguments,
-                const std::string &input) {
-    const ScopedFolder folder;
-    writeFileBytes(folder.file("in"), input);
+// Starts the program with the streams "in", "out" and "err" of the folder. False, and the test has failed,
+// when it does not start.
+bool start(const std::string &name, const std::vector<std::string> &arguments, const ScopedFolder &folder,
+           PROCESS_INFORMATION *process) {
     const std::wstring program = programPath(name);
     std::wstring commandLine = quoted(program);
     for (const std::string &argument : arguments) {
@@ -84,20 +82,67 @@ ToolRun runTool(const std::string &name, const std::vector<std::string> &argumen
     startup.hStdInput = openStream(folder.file("in"), false);
     startup.hStdOutput = openStream(folder.file("out"), true);
     startup.hStdError = openStream(folder.file("err"), true);
-    PROCESS_INFORMATION process = {};
-    ToolRun run;
-    if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                       &startup, &process) != 0) {
-        run.exitCode = waitForEnd(process);
-    } else {
-        ADD_FAILURE() << name << " was not started: error " << GetLastError();
-    }
+    const bool started = CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0,
+                                        nullptr, nullptr, &startup, process) != 0;
+    EXPECT_TRUE(started) << name << " was not started: error " << GetLastError();
     for (const HANDLE stream : {startup.hStdInput, startup.hStdOutput, startup.hStdError}) {
         CloseHandle(stream);
+    }
+    return started;
+}
+
+} // namespace
+
+ToolRun runTool(const std::string &name, const std::vector<std::string> &arguments,
+                const std::string &input) {
+    const ScopedFolder folder;
+    writeFileBytes(folder.file("in"), input);
+    PROCESS_INFORMATION process = {};
+    ToolRun run;
+    if (start(name, arguments, folder, &process)) {
+        run.exitCode = waitForEnd(process);
     }
     run.output = textOf(folder.file("out"));
     run.error = textOf(folder.file("err"));
     return run;
+}
+
+RunningTool::RunningTool(const std::string &name, const std::vector<std::string> &arguments) {
+    writeFileBytes(folder_.file("in"), "");
+    PROCESS_INFORMATION process = {};
+    if (start(name, arguments, folder_, &process)) {
+        CloseHandle(process.hThread);
+        process_ = process.hProcess;
+    }
+}
+
+RunningTool::~RunningTool() {
+    if (process_ == nullptr) {
+        return;
+    }
+    constexpr DWORD kEnding = 10000;
+    TerminateProcess(process_, 0);
+    WaitForSingleObject(process_, kEnding); // it has its files open until then
+    CloseHandle(process_);
+}
+
+bool RunningTool::runs() const {
+    return process_ != nullptr && WaitForSingleObject(process_, 0) == WAIT_TIMEOUT;
+}
+
+std::string RunningTool::output() const {
+    return textOf(folder_.file("out"));
+}
+
+bool RunningTool::waitForOutput(const std::string &text, int milliseconds) const {
+    constexpr int kStep = 20;
+    for (int waited = 0; waited <= milliseconds; waited += kStep) {
+        if (output().find(text) != std::string::npos) {
+            return true;
+        }
+        Sleep(kStep);
+    }
+    return false;
 }
 
 } // namespace zantlog::test
