@@ -168,8 +168,8 @@ ZANTLOG_API uint32_t zantLogRemoveProductCfg(uint32_t productId);
  * @param location   configuration location
  * @param productId  the product
  * @param out        the path, which the caller frees with zantLogFree(); not touched by a failure
- * @return 0; 3 null out; 6 the product is not registered at the location, or its entry has no path. Takes no
- * lock.
+ * @return 0; 3 null out; 6 null location, the product is not registered at the location, or its entry has no
+ * path. Takes no lock.
  */
 ZANTLOG_API uint32_t GetProductCfgPath(const char *location, uint32_t productId, char **out);
 
@@ -179,7 +179,8 @@ ZANTLOG_API uint32_t GetProductCfgPath(const char *location, uint32_t productId,
  * @param location   configuration location
  * @param productId  the product
  * @param out        1 when the entry's "AppMsgLogging" is the text "true", else 0
- * @return 0; 6 the product is not registered at the location, or its entry has no such text. Takes no lock.
+ * @return 0; 6 a null argument, the product is not registered at the location, or its entry has no such text;
+ * `out` is not touched then. Takes no lock.
  */
 ZANTLOG_API uint32_t GetProductLoggingLevel(const char *location, uint32_t productId, uint32_t *out);
 

@@ -136,6 +136,7 @@ TEST_F(Registration, OfOthersStays) {
 TEST_F(Registration, TheEntrysSwitchIsTheTextTrue) {
     uint32_t on = 7;
     EXPECT_EQ(GetProductLoggingLevel(GetZantLogCfgLoc(), kProduct, &on), 6U);
+    EXPECT_EQ(on, 7U);
     location->text("831", "AppMsgLogging", "true");
     EXPECT_EQ(GetProductLoggingLevel(GetZantLogCfgLoc(), kProduct, &on), 0U);
     EXPECT_EQ(on, 1U);

@@ -243,6 +243,19 @@ TEST_F(FileFetch, FieldOfTheLogSetFileNameIsTheNames) {
     EXPECT_THAT(other.fetchNames(), IsEmpty()); // product files have none
 }
 
+TEST_F(FileFetch, AProductsFileHasNoLogSetWhateverStandsBeforeIt) {
+    makeGood(0);
+    make("12-audit-251116100000.log", logSetHeader(), kMonday + 1);
+    makeGood(2);
+    Selection unequal;
+    selectAll(&unequal, query_.op(288, query_.field(279), query_.text("audit")));
+    EXPECT_THAT(unequal.fetchNames(), IsEmpty());
+    // The log set's file, whose originator is 0, is passed over in the same fetch as those of products.
+    Selection equal;
+    selectAll(&equal, query_.both(query_.isText(279, "audit"), query_.is(264, 3)));
+    EXPECT_THAT(equal.fetchNames(), IsEmpty());
+}
+
 TEST_F(FileFetch, ALogSetHeaderUnderAProductsNameTakesItApartAsALogSets) {
     const std::string name = makeNumber(0, logSetHeader());
     Selection selection;

@@ -2,6 +2,7 @@
 #include "tests/reader/selection_fixture.h"
 
 #include <cstring>
+#include <map>
 
 namespace zantlog::test {
 
@@ -113,6 +114,32 @@ TEST_F(LogFileSelection, IsInAscendingCreationTime) {
     EXPECT_THAT(selection.names(), ElementsAre(first, second, third, fourth));
     EXPECT_EQ(selection.head->creationTime, kMonday);
     EXPECT_EQ(selection.head->next->creationTime, kMonday + 1);
+}
+
+uint32_t chainOf(const std::string &path) {
+    uint32_t hash = 0;
+    for (const char byte : path) {
+        hash = hash * 31 + static_cast<uint32_t>(static_cast<int8_t>(byte));
+    }
+    return hash % 300;
+}
+
+TEST_F(LogFileSelection, EqualTimesAreInTheOrderOfTheChainsOfTheirPaths) {
+    std::map<uint32_t, std::string> byChain; // one file of each chain
+    for (uint32_t number = 0; number < 300; ++number) {
+        const std::string name = productFile(12, 3, number);
+        if (byChain.emplace(chainOf(directory() + name), name).second) {
+            makeProductFile(12, 3, number, kMonday);
+        }
+    }
+    ASSERT_GT(byChain.size(), 100u);
+    std::vector<std::string> expected;
+    for (const auto &[chain, name] : byChain) {
+        expected.push_back(name);
+    }
+    Selection selection;
+    EXPECT_EQ(select({product(12, 3)}, &selection), 0u);
+    EXPECT_EQ(selection.names(), expected);
 }
 
 TEST_F(LogFileSelection, SeveralDirectoriesAreOneList) {

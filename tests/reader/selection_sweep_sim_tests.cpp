@@ -101,6 +101,9 @@ TEST_F(SelectionSweep, AFailingAllocationOfASelectionEndsItsDirectoryOrTheScan) 
     std::vector<uint32_t> results;
     const auto once = [&] {
         Selection selection(root_);
+        LogFileEntry *const garbage = reinterpret_cast<LogFileEntry *>(&results);
+        selection.head = garbage;
+        selection.current = garbage;
         results.push_back(selectAll(&selection));
         if (results.back() == 0) {
             EXPECT_GE(selection.names().size(), 4u);
