@@ -7,6 +7,7 @@
 #include "tools/common/suggestions.h"
 #include "tools/common/tool_error.h"
 #include "tools/qzlogview/expression.h"
+#include "tools/qzlogview/shown_text.h"
 #include "tools/qzlogview/where_parser.h"
 #include "zantlog/query.h"
 
@@ -20,22 +21,34 @@ const WhereField &fieldNamed(const char *name) {
     return *findWhereField(name);
 }
 
+using Records = std::vector<zantLogCfg *>;
+
+// The configurations of some products; of all, with none named.
+Records configurationsOf(const std::vector<int64_t> &products, const SelectionContext &context) {
+    Records records;
+    const uint32_t count = context.configurations == nullptr ? 0 : context.configurations->count();
+    for (uint32_t i = 0; i < count; ++i) {
+        zantLogCfg *const cfg = context.configurations->array()[i];
+        if (products.empty() ||
+            std::find(products.begin(), products.end(), cfg->productId) != products.end()) {
+            records.push_back(cfg);
+        }
+    }
+    return records;
+}
+
 // An id, or the id of a name; the library's own reading of both.
-int64_t idOf(const std::string &option, const std::string &text, uint32_t fieldCode,
-             const SelectionContext &context) {
+int64_t idOf(const std::string &option, const std::string &text, uint32_t fieldCode, Records *records) {
     const std::optional<uint64_t> number = tools::wholeNumber(text);
     if (number && *number > 0 && *number <= UINT32_MAX) {
         return static_cast<int64_t>(*number); // also of files whose product is not configured here
     }
-    const uint32_t id = context.configurations == nullptr
-                            ? 0
-                            : GetIdFromName(context.configurations->array(), context.configurations->count(),
-                                            fieldCode, tools::codePageFromUtf8(text).c_str());
+    const uint32_t id = GetIdFromName(records->data(), static_cast<uint32_t>(records->size()), fieldCode,
+                                      tools::codePageFromUtf8(text).c_str());
     if (number || id == 0) {
         tools::usageError(
-            option +
-            " takes an id from 1 to 4294967295, or a name of a configuration on this machine, not \"" + text +
-            "\"");
+            option + " takes an id from 1 to 4294967295, or a name of a configuration on this machine, not " +
+            quoted(text));
     }
     return id;
 }
@@ -56,7 +69,7 @@ void addAlternatives(Parts *parts, const std::vector<std::string> &values,
 int64_t numberOf(const std::string &option, const std::string &text) {
     const std::optional<uint64_t> number = tools::wholeNumber(text);
     if (!number || *number > UINT32_MAX) {
-        tools::usageError(option + " takes a number from 0 to 4294967295, not \"" + text + "\"");
+        tools::usageError(option + " takes a number from 0 to 4294967295, not " + quoted(text));
     }
     return static_cast<int64_t>(*number);
 }
@@ -65,8 +78,8 @@ Expression typeIs(const std::string &text) {
     const WhereField &type = fieldNamed("type");
     const auto number = type.named(tools::lowered(text));
     if (!number) {
-        tools::usageError("--type takes debug, diagnostic, application, context or audit, not \"" + text +
-                          "\"");
+        tools::usageError("--type takes debug, diagnostic, application, context or audit, not " +
+                          quoted(text));
     }
     return Expression::compareNumber(type, Comparison::equal, *number);
 }
@@ -101,7 +114,7 @@ Expression comparisonOf(const std::string &option, const WhereField &field, cons
     if (!named) {
         tools::usageError(option + " takes a number" +
                           (field.named != nullptr ? " or information, warning, error, severe, fatal" : "") +
-                          ", and >= or another comparison before it, not \"" + text + "\"");
+                          ", and >= or another comparison before it, not " + quoted(text));
     }
     return Expression::compareNumber(field, comparison, *named);
 }
@@ -113,13 +126,17 @@ Expression textIs(const char *field, const std::string &text) {
 // What --not leaves alone.
 Parts whose(const Selection &selection, const SelectionContext &context) {
     Parts parts;
+    std::vector<int64_t> products;
+    Records records = configurationsOf({}, context);
     addAlternatives(&parts, selection.products, [&](const std::string &text) {
-        return Expression::compareNumber(fieldNamed("product"), Comparison::equal,
-                                         idOf("--product", text, ZANTLOG_QUERY_PRODUCT, context));
+        products.push_back(idOf("--product", text, ZANTLOG_QUERY_PRODUCT, &records));
+        return Expression::compareNumber(fieldNamed("product"), Comparison::equal, products.back());
     });
+    // Originators of several products may have the same name.
+    records = configurationsOf(products, context);
     addAlternatives(&parts, selection.originators, [&](const std::string &text) {
         return Expression::compareNumber(fieldNamed("originator"), Comparison::equal,
-                                         idOf("--originator", text, ZANTLOG_QUERY_ORIGINATOR, context));
+                                         idOf("--originator", text, ZANTLOG_QUERY_ORIGINATOR, &records));
     });
     addAlternatives(&parts, selection.logSets,
                     [](const std::string &text) { return textIs("logset", text); });
