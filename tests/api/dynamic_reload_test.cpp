@@ -1,4 +1,6 @@
+#include <chrono>
 #include <cstdint>
+#include <future>
 
 #include <gtest/gtest.h>
 
@@ -226,6 +228,21 @@ TEST_F(ReloadTest, HandleWithoutAFileReadsNothing) {
     EXPECT_EQ(handle.debugLevel, 0);
     EXPECT_EQ(handle.diagLevel, 0);
     EXPECT_EQ(handle.reloadInterval, 0);
+}
+
+// Of a handle without a file, for which nothing is read: the levels change under the lock.
+TEST_F(ReloadTest, LevelsAreCopiedUnderTheCommonLock) {
+    zantLogHandle handle = {};
+    handle.originatorId = 3;
+    handle.debugLevel = 6;
+    handle.reloadInterval = 60;
+    zantLockCommon("a test");
+    std::future<uint32_t> reload =
+        std::async(std::launch::async, [&handle] { return zantDynaLoadConfig(&handle); });
+    EXPECT_EQ(reload.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
+    zantUnlockCommon("a test");
+    EXPECT_EQ(reload.get(), 0u);
+    EXPECT_EQ(handle.debugLevel, 0);
 }
 
 TEST_F(ReloadTest, ReloadsTheFirstOriginatorsLevels) {

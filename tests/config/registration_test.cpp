@@ -41,6 +41,13 @@ protected:
         return GetProductCfgPath(GetZantLogCfgLoc(), product, &text) == 0 ? text.get() : "(none)";
     }
 
+    // As the configuration of a registered product has them.
+    static std::string names(uint32_t product) {
+        Config cfg;
+        EXPECT_EQ(zantLogReadCfg(product, 112, &cfg), 0U);
+        return cfg.productNames;
+    }
+
     // A key below the maker's, as an installation has them.
     static void makeBuiltIn(const char *section) {
         PropertyStore store{};
@@ -79,6 +86,34 @@ TEST_F(Registration, OfARegisteredProductChangesNothing) {
     ASSERT_EQ(zantLogAddProductCfg(kProduct, "billing", "C:\\first.conf"), 0U);
     EXPECT_EQ(zantLogAddProductCfg(kProduct, "other", "C:\\second.conf"), 27U);
     EXPECT_EQ(path(kProduct), "C:\\first.conf");
+}
+
+// An entry that somebody else has begun is no registration until it has a path.
+TEST_F(Registration, IsThePathAndNotTheNames) {
+    location->text("831", "Names", "begun");
+    EXPECT_EQ(zantLogRemoveProductCfg(kProduct), 6U);
+    EXPECT_EQ(zantLogAddProductCfg(kProduct, "billing", "C:\\a.conf"), 0U);
+    EXPECT_EQ(names(kProduct), "billing");
+    location->text("832", "Configuration", "C:\\b.conf");
+    EXPECT_EQ(zantLogAddProductCfg(832, "other", "C:\\other.conf"), 27U);
+    EXPECT_EQ(names(832), "");
+}
+
+TEST_F(Registration, EndsWithPathAndNames) {
+    ASSERT_EQ(zantLogAddProductCfg(kProduct, "billing", "C:\\a.conf"), 0U);
+    zantLogRemoveProductCfg(kProduct); // what it answers is the built-in key's affair
+    EXPECT_EQ(path(kProduct), "(none)");
+    location->text("831", "Configuration", "C:\\a.conf");
+    EXPECT_EQ(names(kProduct), "") << "the old ones have gone";
+}
+
+// Removing a value that is not there succeeds in a file; the registry refuses it, which ends the removal.
+TEST_F(Registration, WithoutNamesStaysWhereTheRegistryHasIt) {
+    makeBuiltIn("831");
+    location->text("831", "Configuration", "C:\\a.conf");
+    EXPECT_EQ(zantLogRemoveProductCfg(kProduct), location->isFile() ? 0U : 1U);
+    EXPECT_EQ(path(kProduct), "(none)");
+    EXPECT_EQ(hasBuiltIn("\\831"), !location->isFile());
 }
 
 TEST_F(Registration, NeedsItsArguments) {

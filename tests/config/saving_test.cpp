@@ -162,6 +162,20 @@ TEST_P(Saving, SwitchesAreOnForExactlyOne) {
     EXPECT_EQ(section("Default").text("AppMsgLogging"), "ON");
 }
 
+TEST_P(Saving, EachOutputHasAKeyOfItsOwn) {
+    const char *const keys[] = {"LogToStdout", "LogToStderr", "LogToOslog"};
+    for (int on = 0; on < 3; ++on) {
+        Config cfg;
+        cfg.outputFlags = 1u << on;
+        cfg.changedMask =
+            ZANTLOG_SETTING_LOG_TO_STDOUT | ZANTLOG_SETTING_LOG_TO_STDERR | ZANTLOG_SETTING_LOG_TO_OSLOG;
+        ASSERT_EQ(save(cfg), 0U);
+        for (int key = 0; key < 3; ++key) {
+            EXPECT_EQ(section("Default").text(keys[key]), key == on ? "true" : "false") << keys[key];
+        }
+    }
+}
+
 TEST_P(Saving, ALevelAloneTakesTheSwitchOfApplicationMessagesWithIt) {
     Config cfg;
     ASSERT_EQ(load(cfg), 0U);
@@ -278,6 +292,21 @@ TEST_P(Saving, WritingTheFileNameEndsTheSaveOfALogSet) {
     EXPECT_EQ(logSetSection("nightly").text("FileName"), "night");
     EXPECT_EQ(logSetSection("nightly").text("AppMsgLogging"), "OFF");
     EXPECT_EQ(logSetSection("nightly").number("NtEventLogCategory"), "(none)");
+}
+
+TEST_P(Saving, AFileNameThatCannotBeWrittenIsTold) {
+    Config cfg; // without a name
+    cfg.changedMask = ZANTLOG_SETTING_FILE_NAME;
+    EXPECT_EQ(saveLogSet(cfg), 3U);
+    EXPECT_EQ(logSetSection("nightly").text("AppMsgLogging"), "OFF") << "it comes before";
+}
+
+TEST_P(Saving, ALogSetsSettingsCanBeRemovedAlone) {
+    store->text(store->logSet("nightly"), "LogDirectory", "D:\\night");
+    Config cfg;
+    cfg.removeMask = ZANTLOG_SETTING_LOG_DIRECTORY;
+    EXPECT_EQ(saveLogSet(cfg), 0U);
+    EXPECT_EQ(logSetSection("nightly").text("LogDirectory"), "(none)");
 }
 
 TEST_P(Saving, TheFileNameIsNotRemovedAndTheRestIsSaved) {

@@ -32,6 +32,17 @@ protected:
         }
     }
 
+    // Products 1 to count, each with one record, which keeps one file.
+    void registerMany(uint32_t count) {
+        const std::string path = store_.file("many.conf");
+        writeFileBytes(path, "Default.LogDirectory=" + directory() + "\r\nDefault.NumberOfLogFiles=1\r\n");
+        std::string registered;
+        for (uint32_t id = 1; id <= count; ++id) {
+            registered += std::to_string(id) + ".Configuration=" + path + "\r\n";
+        }
+        writeFileBytes(location(), registered);
+    }
+
 private:
     void save() {
         std::string registered;
@@ -179,6 +190,15 @@ TEST_F(ManageableFiles, OfNoIdAreThoseOfEveryGroup) {
     EXPECT_EQ(zantLogGetManageableLogFiles(0, 0, &selection), 0u);
     EXPECT_THAT(selection.names(),
                 ElementsAre(productFile(12, 112, 0), productFile(12, 3, 0), productFile(13, 3, 0)));
+}
+
+TEST_F(ManageableFiles, OfNoIdAreThoseOfTheFirst1024Configurations) {
+    registerMany(1025);
+    makeFiles(1024, 112, 2);
+    makeFiles(1025, 112, 2);
+    Selection selection;
+    EXPECT_EQ(zantLogGetManageableLogFiles(0, 0, &selection), 0u);
+    EXPECT_THAT(selection.names(), ElementsAre(productFile(1024, 112, 0)));
 }
 
 TEST_F(ManageableFiles, FilesOfOtherHostsCount) {
