@@ -136,7 +136,7 @@ std::vector<Source> openSources() {
     return sources;
 }
 
-const RecordFilter kEvery = [](const Record &) { return true; };
+const RecordFilter kEvery;
 const DamageSink kDamage = [](const Damage &damage) { std::printf("damage: %s\n", damage.what.c_str()); };
 
 uint64_t readLines(const std::vector<Source> &sources, bool parsed) {

@@ -4,7 +4,9 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "tools/qzlogview/log_file.h"
 
@@ -39,15 +41,25 @@ struct Damage {
 };
 
 using DamageSink = std::function<void(const Damage &)>;
-// Whether a record is wanted.
+// Whether a record is wanted; an empty one wants every record.
 using RecordFilter = std::function<bool(const Record &)>;
+
+inline bool wants(const RecordFilter &filter, const Record &record) {
+    return !filter || filter(record);
+}
+
+// What a line that is a record is ordered by, without all of the parsing; nothing where that takes it.
+std::optional<SortKey> keyOfLine(const Source &source, std::string_view line);
 
 // Takes records out of a file, the earliest first as far as a window of records reaches: processes that
 // append to one file stamp their records before they wait for their turn, so neighbours may be out of order.
+// What waits in the window is the line alone: a parsed record is large, and there are windows of many files.
 class FileReader {
 public:
-    FileReader(const Source &source, size_t window, const RecordFilter &filter, const DamageSink &damage)
-        : source_(&source), windowSize_(window), filter_(&filter), damage_(&damage) {}
+    // Lines are parsed into the scratch entry, which many readers may share.
+    FileReader(const Source &source, size_t window, const RecordFilter &filter, const DamageSink &damage,
+               Entry *scratch)
+        : source_(&source), windowSize_(window), filter_(&filter), damage_(&damage), scratch_(scratch) {}
 
     // False when the file cannot be opened (any more), which has been reported.
     [[nodiscard]] bool open();
@@ -55,21 +67,28 @@ public:
     void park();
     [[nodiscard]] bool isOpen() const { return file_.isOpen(); }
 
-    // The next record, or null when there is none left.
-    [[nodiscard]] const Entry *front();
-    [[nodiscard]] EntryPointer take();
-    // An entry that is done with: its memory serves another record.
-    void reuse(EntryPointer entry) { spare_ = std::move(entry); }
+    // What the next record is ordered by; null when there is none left.
+    [[nodiscard]] const SortKey *front();
+    // Takes the next record, which there is, into the scratch entry. False when its line is damaged behind
+    // what it is ordered by, which has been reported.
+    [[nodiscard]] bool take();
 
     [[nodiscard]] const Source &source() const { return *source_; }
     // Bytes that have been read.
     [[nodiscard]] uint64_t offset() const { return offset_; }
 
 private:
+    struct Waiting {
+        SortKey key{};
+        uint64_t offset = 0;
+        std::string line;
+    };
+    using WaitingPointer = std::unique_ptr<Waiting>;
+
     void fill();
-    void insert(EntryPointer entry);
+    void insert(const SortKey &key);
     bool readOne();
-    EntryPointer spare();
+    std::optional<SortKey> wantedKey();
 
     const Source *source_;
     size_t windowSize_;
@@ -79,8 +98,9 @@ private:
     uint64_t offset_ = 0;
     bool begun_ = false;
     bool atEnd_ = false;
-    std::deque<EntryPointer> window_; // in order
-    EntryPointer spare_;
+    Entry *scratch_;
+    std::deque<WaitingPointer> window_; // in order
+    WaitingPointer spare_;              // its memory serves another line
 };
 
 } // namespace zantlog::view

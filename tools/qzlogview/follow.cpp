@@ -50,7 +50,7 @@ void Follower::readNew(Followed *followed, std::vector<EntryPointer> *entries) {
         auto entry = std::make_unique<Entry>();
         if (parseLine(followed->source, file.line(), file.lineOffset(), &entry->record) != ZANTLOG_OK) {
             damage_({followed->source.path, file.lineOffset(), "the line is no record"});
-        } else if (filter_(entry->record)) {
+        } else if (wants(filter_, entry->record)) {
             entry->key = keyOf(entry->record);
             entry->line.assign(file.line());
             entries->push_back(std::move(entry));

@@ -64,7 +64,7 @@ public:
         for (const Source &source : sources) {
             const uint64_t opening = source.firstTime > kEarly ? source.firstTime - kEarly : 0;
             heads_.push({{opening, 0, 0}, readers_.size()});
-            readers_.push_back(std::make_unique<FileReader>(source, window, filter, damage));
+            readers_.push_back(std::make_unique<FileReader>(source, window, filter, damage, &scratch_));
         }
         begun_.resize(sources.size());
     }
@@ -87,29 +87,26 @@ private:
     bool takeRun(size_t index, const std::function<bool(const Entry &)> &take) {
         FileReader &reader = *readers_[index];
         for (;;) {
-            EntryPointer entry = reader.take();
-            const bool more = take(*entry);
-            reader.reuse(std::move(entry));
-            if (!more) {
+            if (reader.take() && !take(scratch_)) {
                 return false;
             }
-            const Entry *next = peek(index);
+            const SortKey *next = peek(index);
             if (next == nullptr) {
                 return true;
             }
-            if (!heads_.empty() && Head{next->key, index} < heads_.top()) {
-                heads_.push({next->key, index});
+            if (!heads_.empty() && Head{*next, index} < heads_.top()) {
+                heads_.push({*next, index});
                 return true;
             }
         }
     }
 
     // The next record of a reader; null at its end, where the reader goes.
-    const Entry *peek(size_t index) {
+    const SortKey *peek(size_t index) {
         FileReader *reader = readers_[index].get();
         openFiles_.use(reader);
         const uint64_t before = reader->offset();
-        const Entry *entry = reader->front();
+        const SortKey *key = reader->front();
         if (reader->offset() != before && options_.progress) {
             read_ += reader->offset() - before;
             options_.progress(read_);
@@ -117,19 +114,20 @@ private:
         if (!reader->isOpen()) {
             openFiles_.drop(reader);
         }
-        if (entry == nullptr) {
+        if (key == nullptr) {
             readers_[index].reset();
         }
-        return entry;
+        return key;
     }
 
     void push(size_t index) {
-        if (const Entry *entry = peek(index)) {
-            heads_.push({entry->key, index});
+        if (const SortKey *key = peek(index)) {
+            heads_.push({*key, index});
         }
     }
 
     const MergeOptions &options_;
+    Entry scratch_; // of all readers: it stays in the processor's cache
     std::vector<std::unique_ptr<FileReader>> readers_;
     std::vector<bool> begun_;
     OpenFiles openFiles_;

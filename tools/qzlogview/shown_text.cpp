@@ -1,5 +1,8 @@
 #include "tools/qzlogview/shown_text.h"
 
+#include <cstdint>
+#include <cstring>
+
 #include "tools/qzlogview/characters.h"
 
 namespace zantlog::view {
@@ -36,9 +39,21 @@ void appendEscape(char32_t code, std::string *out) {
     }
 }
 
+// Whether all of eight bytes are printable ASCII. A borrow between bytes begins at one that is not.
+bool areEightPlain(const char *bytes) {
+    constexpr uint64_t kOnes = 0x0101010101010101;
+    uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    const uint64_t notDelete = word ^ (kOnes * 0x7F);
+    return ((word | (word - kOnes * 0x20) | ((notDelete - kOnes) & ~notDelete)) & (kOnes * 0x80)) == 0;
+}
+
 // Printable ASCII from a place on, which most of every text is.
 size_t plainLength(std::string_view text, size_t at) {
     size_t end = at;
+    while (text.size() - end >= sizeof(uint64_t) && areEightPlain(text.data() + end)) {
+        end += sizeof(uint64_t);
+    }
     while (end < text.size() && text[end] >= ' ' && text[end] != 0x7F) {
         ++end;
     }

@@ -54,7 +54,7 @@ size_t readPart(LogFile *file, const Source &source, uint64_t end, const RecordF
         auto entry = std::make_unique<Entry>();
         if (parseLine(source, file->line(), file->lineOffset(), &entry->record) != ZANTLOG_OK) {
             damage({source.path, file->lineOffset(), "the line is no record"});
-        } else if (filter(entry->record)) {
+        } else if (wants(filter, entry->record)) {
             entry->key = keyOf(entry->record);
             entry->line.assign(file->line());
             latest->add(std::move(entry));

@@ -47,7 +47,9 @@ public:
             std::cerr << "qzlogview: " << damage.path << " at byte " << damage.offset << ": " << damage.what
                       << '\n';
         };
-        filter_ = [this](const Record &record) { return matches(wanted_.get(), record); };
+        if (wanted_ != nullptr) {
+            filter_ = [this](const Record &record) { return matches(wanted_.get(), record); };
+        }
         const bool colours = options.colours == Colours::always ||
                              (options.colours == Colours::automatic && tools::standardOutputHasColours());
         printer_ = makePrinter({options.format, options.fields, colours});

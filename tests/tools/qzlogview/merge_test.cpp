@@ -176,6 +176,45 @@ TEST_F(Merging, ReportsDamageInTheMiddleAndGoesOn) {
     EXPECT_EQ(damage_.places, Texts{"a.log " + std::to_string(first.size()) + " the line is no record"});
 }
 
+TEST_F(Merging, DamageBehindTheNumbersIsReportedAndKeepsTheOrder) {
+    const std::string first = kProductHeader + recordLine(kTime, 1, "a") + "\n";
+    std::string damaged = recordLine(kTime + 1, 2, "x");
+    damaged.back() = '!';
+    add("a.log", first + damaged + "\n" + recordLine(kTime + 9, 3, "c") + "\n");
+    add("b.log", kProductHeader + recordLine(kTime + 5, 1, "b") + "\n");
+    EXPECT_EQ(merged(), (Texts{"a", "b", "c"}));
+    const Texts place = {"a.log " + std::to_string(first.size()) + " the line is no record"};
+    EXPECT_EQ(damage_.places, place);
+    damage_.places.clear();
+    filter_ = [](const Record &) { return true; };
+    EXPECT_EQ(merged(), (Texts{"a", "b", "c"}));
+    EXPECT_EQ(damage_.places, place);
+}
+
+TEST_F(Merging, LinesOfLogSetsAndOldVersionsAreOrderedToo) {
+    add("12-night-251115101010.log", kLogSetHeader +
+                                         std::string("2,3,7,1763249000005,42,7,0:,1:b,0:,0,(0|)\n") +
+                                         "2,3,8,1763249000001,42,7,0:,1:a,0:,0,(0|)\n");
+    add("old.log", "$Header 65542,12,3,1763249001,buildhost\n0:,1:c,3:who,1,(0|)\n");
+    EXPECT_EQ(merged(), (Texts{"a", "b", "c"}));
+}
+
+TEST(KeyOfLine, IsThatOfTheRecord) {
+    Source source = productSource();
+    const auto key = keyOfLine(source, recordLine(kTime, 57, "x", 4242));
+    ASSERT_TRUE(key.has_value());
+    EXPECT_EQ(*key, (SortKey{kTime, 4242, 57}));
+    for (const char *line :
+         {"", "2,12,3,3", "2,12,3,3,", "2,12,3,3,57,1763249000000,4242", "2,12,3,3,-1,1763249000000,4242,7",
+          "2,12,3,3,57,x,4242,7", "2,12,3,3,57,1763249000000,4294967296,7"}) {
+        EXPECT_EQ(keyOfLine(source, line), std::nullopt) << line;
+    }
+    source.header.version = ZANTLOG_FORMAT_LOGSET;
+    EXPECT_EQ(keyOfLine(source, "2,3,57,1763249000000,4242,7,0:"), (SortKey{kTime, 4242, 57}));
+    source.header.version = 65542;
+    EXPECT_EQ(keyOfLine(source, "0:,1:x,0:,0,(0|)"), std::nullopt);
+}
+
 TEST_F(Merging, ReportsAFileThatHasGone) {
     add("a.log", kProductHeader + recordLine(kTime, 1, "a") + "\n");
     add("b.log", kProductHeader + recordLine(kTime, 1, "b") + "\n");

@@ -63,7 +63,7 @@ struct DamageList {
     };
 };
 
-inline const RecordFilter kEveryRecord = [](const Record &) { return true; };
+inline const RecordFilter kEveryRecord;
 
 // A file of the bytes in the folder, opened for its source.
 inline Source fileOf(const zantlog::test::ScopedFolder &folder, const std::string &name,

@@ -52,6 +52,25 @@ TEST(ShownText, EveryAsciiControlIsEscaped) {
     EXPECT_EQ(shown("a\rb"), "a\\x0db");
 }
 
+TEST(ShownText, AnUnsafeByteIsFoundAtEveryPlaceOfALongText) {
+    for (size_t at = 0; at < 40; ++at) {
+        for (const auto &[byte, escape] : {std::pair{'\x1b', "\\x1b"},
+                                           {'\x7F', "\\x7f"},
+                                           {'\x01', "\\x01"},
+                                           {'\x1f', "\\x1f"},
+                                           {'\xFF', kReplacement}}) {
+            std::string text(40, 'x');
+            text[(at + 3) % 40] = ' ';
+            text[at] = byte;
+            std::string expected = text;
+            expected.replace(at, 1, escape);
+            EXPECT_EQ(shown(text), expected) << at;
+        }
+    }
+    EXPECT_EQ(shown(std::string(50, '~') + std::string(50, ' ')),
+              std::string(50, '~') + std::string(50, ' '));
+}
+
 TEST(ShownText, EveryC1ControlIsEscaped) {
     const char *const kDigits = "0123456789abcdef";
     for (int code = 0x80; code < 0xA0; ++code) {
