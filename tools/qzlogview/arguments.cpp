@@ -8,21 +8,6 @@ namespace zantlog::view {
 
 namespace {
 
-// What comes out of a record is whole: surrogates stand in pairs.
-std::string utf8OfWide(const wchar_t *wide) {
-    std::string text;
-    for (; *wide != 0; ++wide) {
-        const auto unit = static_cast<char16_t>(*wide);
-        if (unit >= 0xD800 && unit < 0xDC00 && wide[1] != 0) {
-            const auto low = static_cast<char16_t>(*++wide);
-            appendCharacter(0x10000 + ((unit - 0xD800u) << 10) + (low - 0xDC00u), &text);
-        } else {
-            appendCharacter(unit, &text);
-        }
-    }
-    return text;
-}
-
 std::string textOfReal(double value) {
     char digits[32];
     const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
@@ -40,7 +25,7 @@ void takeText(const zantLisArgIter &at, Argument *argument) {
     const wchar_t *wide = nullptr;
     if (argument->kind == ZANTLIS_WIDE_STRING) {
         if (zantLisGetArg_wstring(&at, &wide) == ZANTLIS_OK && wide != nullptr) {
-            argument->text = utf8OfWide(wide);
+            argument->text = utf8Of(wide);
         }
         return;
     }

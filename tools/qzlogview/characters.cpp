@@ -5,6 +5,15 @@ namespace zantlog::view {
 namespace {
 
 constexpr char32_t kLastCharacter = 0x10FFFF;
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool isHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+
+bool isLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
 
 } // namespace
 
@@ -59,6 +68,21 @@ void appendCharacter(char32_t code, std::string *out) {
         put(0x80 | (code >> 6 & 0x3F));
         put(0x80 | (code & 0x3F));
     }
+}
+
+std::string utf8Of(const wchar_t *text) {
+    std::string converted;
+    for (; *text != 0; ++text) {
+        const char32_t unit = static_cast<char16_t>(*text);
+        const char32_t next = static_cast<char16_t>(text[1]);
+        if (isHighSurrogate(unit) && isLowSurrogate(next)) {
+            appendCharacter(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00), &converted);
+            ++text;
+        } else {
+            appendCharacter(isHighSurrogate(unit) || isLowSurrogate(unit) ? kReplacement : unit, &converted);
+        }
+    }
+    return converted;
 }
 
 } // namespace zantlog::view

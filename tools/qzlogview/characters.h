@@ -20,4 +20,7 @@ char32_t nextCharacter(std::string_view text, size_t *at);
 
 void appendCharacter(char32_t code, std::string *out);
 
+// UTF-16 of the length that its terminating zero gives; halves of surrogate pairs become U+FFFD.
+std::string utf8Of(const wchar_t *text);
+
 } // namespace zantlog::view

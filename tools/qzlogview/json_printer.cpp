@@ -45,8 +45,9 @@ Json jsonOf(const std::vector<Argument> &arguments) {
     return list;
 }
 
-void appendString(std::string_view text, std::string *out) {
-    *out += Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+// On a terminal it drives nothing either.
+void append(const Json &json, std::string *out) {
+    appendSafeJson(json.dump(-1, ' ', false, Json::error_handler_t::replace), out);
 }
 
 class JsonPrinter : public Printer {
@@ -83,12 +84,11 @@ public:
 private:
     void appendFieldValue(const Record &record, const Field *field, std::string *out) const {
         if (field == nullptr) {
-            *out +=
-                jsonOf(argumentsOf(record.fields.lis)).dump(-1, ' ', false, Json::error_handler_t::replace);
+            append(jsonOf(argumentsOf(record.fields.lis)), out);
         } else if (field->isNumber) {
             *out += value_;
         } else {
-            appendString(value_, out);
+            append(value_, out);
         }
     }
 

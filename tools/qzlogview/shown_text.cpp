@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include <algorithm>
+
 #include "tools/qzlogview/characters.h"
 
 namespace zantlog::view {
@@ -91,15 +93,17 @@ std::string quoted(std::string_view text) {
     return shown + (text.size() > kLongest ? "...\"" : "\"");
 }
 
-void appendUtf8(std::string_view text, std::string *out) {
-    for (size_t at = 0; at < text.size();) {
-        const Character character = characterAt(text, at);
-        if (character.bytes == 0) {
-            *out += kReplacement;
+void appendSafeJson(std::string_view json, std::string *out) {
+    for (size_t at = 0; at < json.size();) {
+        const Character character = characterAt(json, at);
+        // Line feeds and the like do not stand in JSON texts.
+        if (character.bytes != 0 && isUnsafe(character.code)) {
+            *out += "\\u";
+            appendHexadecimal(character.code, 4, out);
         } else {
-            out->append(text, at, character.bytes);
+            out->append(json, at, std::max<size_t>(character.bytes, 1));
         }
-        at += character.bytes == 0 ? 1 : character.bytes;
+        at += std::max<size_t>(character.bytes, 1);
     }
 }
 

@@ -21,7 +21,7 @@ void appendShown(std::string_view text, Lines lines, size_t indentation, std::st
 // one.
 std::string quoted(std::string_view text);
 
-// Appends the text with bytes that are no UTF-8 as U+FFFD.
-void appendUtf8(std::string_view text, std::string *out);
+// Appends JSON that is valid UTF-8, with characters that appendShown() would not show as they are as \u....
+void appendSafeJson(std::string_view json, std::string *out);
 
 } // namespace zantlog::view

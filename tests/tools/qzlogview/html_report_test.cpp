@@ -1,4 +1,5 @@
 // The HTML report as it is written. What a browser makes of it is in tests/browser.
+#include "tools/qzlogview/characters.h"
 #include "tools/qzlogview/report/html_report.h"
 
 #include <gtest/gtest.h>

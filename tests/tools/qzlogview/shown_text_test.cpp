@@ -13,9 +13,9 @@ std::string shown(std::string_view text, Lines lines = Lines::one, size_t indent
     return out.substr(1);
 }
 
-std::string utf8(std::string_view text) {
+std::string safeJson(std::string_view json) {
     std::string out;
-    appendUtf8(text, &out);
+    appendSafeJson(json, &out);
     return out;
 }
 
@@ -117,7 +117,9 @@ TEST(ShownText, LineFeedsStayWhereLinesMayBeSeveral) {
     EXPECT_EQ(shown("a\r\n\tb", Lines::indented, 2), "a\\x0d\n  \\tb");
 }
 
-TEST(ShownText, Utf8KeepsControls) {
-    EXPECT_EQ(utf8("a\x1b\n\xC2\x85"), "a\x1b\n\xC2\x85");
-    EXPECT_EQ(utf8("a\xFF"), std::string("a") + kReplacement);
+TEST(SafeJson, WhatDrivesATerminalIsEscaped) {
+    EXPECT_EQ(safeJson("{\"text\":\"a\\u001b\xC3\xA4\xE2\x82\xAC\"}"),
+              "{\"text\":\"a\\u001b\xC3\xA4\xE2\x82\xAC\"}");
+    EXPECT_EQ(safeJson("\"\x7F\xC2\x9B\""), "\"\\u007f\\u009b\"") << "DEL and C1";
+    EXPECT_EQ(safeJson("\"\xE2\x80\xAE\xEF\xBB\xBF\""), "\"\\u202e\\ufeff\"") << "the direction of writing";
 }

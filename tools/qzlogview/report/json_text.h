@@ -10,7 +10,4 @@ namespace zantlog::view {
 // comment or an entity, or ends a line.
 std::string jsonText(std::string_view text);
 
-// UTF-16 of the length that its terminating zero gives; halves of surrogate pairs become U+FFFD.
-std::string utf8Of(const wchar_t *text);
-
 } // namespace zantlog::view
