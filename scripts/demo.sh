@@ -29,7 +29,7 @@ build_everything() {
     cd "$root"
     cmake --preset windows-release >"$root/build/configure.log" || { cat "$root/build/configure.log" >&2; exit 1; }
     echo "building the library and its tools"
-    cmake --build --preset windows-release --target qzlogger qzlogcfg read_log >"$root/build/demo-build.log" || {
+    cmake --build --preset windows-release --target qzlogger qzlogcfg qzlogview read_log >"$root/build/demo-build.log" || {
         tail -n 30 "$root/build/demo-build.log" >&2
         exit 1
     }
@@ -102,3 +102,6 @@ say "read back with examples/read_log.c"
 read_back
 say "compared with the input"
 compare
+say "the last three, as qzlogview shows them, and what it says of the files"
+run qzlogview -n 3
+run qzlogview --verify
