@@ -170,6 +170,10 @@ void checkOnePurpose(const ViewOptions &options) {
     if (options.head && options.tail) {
         tools::usageError("--head and --tail exclude each other");
     }
+    const bool shown = purposes == 0 || options.follow;
+    if (!shown && (options.head || options.tail || options.reverse)) {
+        tools::usageError("--head, --tail and --reverse are for messages that are shown");
+    }
     if (options.follow && (options.head || options.reverse)) {
         tools::usageError("--follow goes with neither --head nor --reverse");
     }

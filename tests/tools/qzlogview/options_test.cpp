@@ -1,4 +1,4 @@
-// The examples of docs/qzlogview.md and of --help are command lines and expressions that the viewer takes.
+// Command lines of the viewer; the examples of docs/qzlogview.md and of --help are some that it takes.
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tools/common/tool_error.h"
 #include "tools/qzlogview/options.h"
 #include "tools/qzlogview/where_parser.h"
 
@@ -64,6 +65,21 @@ void expectTaken(const std::string &line) {
 }
 
 } // namespace
+
+TEST(ViewerOptions, OnePurposeAtATime) {
+    int exitCode = -1;
+    for (const std::vector<std::string> &words : {std::vector<std::string>{"-f", "--count"},
+                                                  {"--verify", "--html", "x.html"},
+                                                  {"--head", "1", "-n", "1"},
+                                                  {"-f", "--reverse"},
+                                                  {"--count", "--head", "1"},
+                                                  {"--html", "x.html", "-n", "5"},
+                                                  {"--verify", "--reverse"}}) {
+        EXPECT_THROW((void)readViewOptions(words, &exitCode), zantlog::tools::ToolError) << words.front();
+    }
+    EXPECT_TRUE(readViewOptions({"-f", "-n", "5"}, &exitCode).has_value());
+    EXPECT_TRUE(readViewOptions({"--reverse", "--head", "5"}, &exitCode).has_value());
+}
 
 TEST(ViewerDocument, CommandLines) {
     const std::vector<std::string> lines = linesOfBlocks("console");
